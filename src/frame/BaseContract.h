@@ -1,0 +1,32 @@
+#pragma once
+
+// The one door of the module to the base layer: every other file of the module reaches the
+// suite's libraries through this header.
+
+#include "base/desk/Desk.h"
+#include "base/desk/NewSysNameDlg.h"
+#include "base/desk/StringTable.h"
+#include "base/files/CFile.h"
+#include "base/files/FileMode.h"
+#include "base/files/FileObject.h"
+#include "base/files/SplitPath.h"
+#include "base/geo/Angles.h"
+#include "base/geo/CExTime.h"
+#include "base/geo/CZorUnitCnv.h"
+#include "base/geo/Point.h"
+#include "base/geoid/GeoidModel.h"
+#include "base/geoid/GeoidModelList.h"
+#include "base/keys/KeyTables.h"
+#include "base/registry/CreatorLists.h"
+#include "base/registry/Creators.h"
+#include "base/registry/DataSearch.h"
+#include "base/registry/ZorGeoCoordSysBase.h"
+#include "base/registry/ZorGeoDatabaseBase.h"
+#include "base/registry/ZorGeoStaticDataBase.h"
+#include "base/text/CArray.h"
+#include "base/text/CString.h"
+#include "base/text/CStringA.h"
+#include "base/text/CStringArray.h"
+#include "base/text/CZorString.h"
+#include "base/text/Numbers.h"
+#include "base/text/Xml.h"
