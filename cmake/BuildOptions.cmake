@@ -46,4 +46,6 @@ endif()
 
 # Hidden unless marked for export.
 add_library(zorgeo_hidden INTERFACE)
-target_compile_options(zorgeo_hidden INTERFACE -fvisibility=hidden -fvisibility-inlines-hidden)
+# Unique symbols would keep the module mapped after it is unloaded.
+target_compile_options(zorgeo_hidden INTERFACE -fvisibility=hidden -fvisibility-inlines-hidden
+                                               $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
