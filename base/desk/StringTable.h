@@ -13,12 +13,13 @@ struct StringTableEntry {
 
 namespace ZORSUITE {
 
-/// Makes the texts of a module reachable by number (CString::LoadString). On Windows `module`
-/// and `resources` are module handles and the texts are its string resources; elsewhere
-/// `resources` points to a table that ends with an entry of null text. False when there is
-/// nothing to load. A later table answers before an earlier one.
+/// Makes the texts of a module reachable by number (CString::LoadString). `resources` is either
+/// a table that ends with an entry of null text, or, on Windows, the handle of the module whose
+/// string resources the texts are; `module` names the owner for UnloadDLLResourceDLL. What
+/// `resources` points to is not copied: it must stay until then. A later table answers before an
+/// earlier one. False, with nothing changed, when there is nothing to load.
 ZORBASE_API bool LoadDLLResourceDLL(const void* module, const void* resources);
-/// Takes a table out again, when its module is unloaded.
+/// Takes the tables of `module` out again, when it is unloaded. Without any it does nothing.
 ZORBASE_API void UnloadDLLResourceDLL(const void* module);
 
-}  // namespace ZORSUITE
+} // namespace ZORSUITE

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 /// The framework's growing array. ARG is the type in which elements are handed over.
@@ -26,7 +29,9 @@ public:
     void RemoveAt(int index, int count = 1)
     {
         Checked(index);
-        Checked(index + count - 1);
+        if (count < 0 || count > GetSize() - index) {
+            throw std::invalid_argument("CArray: count out of range");
+        }
         m_items.erase(m_items.begin() + index, m_items.begin() + index + count);
     }
     int Add(ARG item)
@@ -51,10 +56,14 @@ public:
     void SetAt(int index, ARG item) { m_items[Checked(index)] = item; }
     void SetAtGrow(int index, ARG item)
     {
-        if (index >= GetSize()) {
-            SetSize(index + 1);
+        if (index < GetSize()) {
+            SetAt(index, item);
+            return;
         }
-        SetAt(index, item);
+        // Taken first: the item may be an element of this array.
+        TYPE copy(item);
+        m_items.resize(static_cast<std::size_t>(index));
+        m_items.push_back(std::move(copy));
     }
     void InsertAt(int index, ARG item)
     {
@@ -64,7 +73,8 @@ public:
         if (index >= GetSize()) {
             SetAtGrow(index, item);
         } else {
-            m_items.insert(m_items.begin() + index, item);
+            m_items.push_back(item);
+            std::rotate(m_items.begin() + index, m_items.end() - 1, m_items.end());
         }
     }
     const TYPE& operator[](int index) const { return GetAt(index); }

@@ -9,7 +9,7 @@
 class ZORBASE_API CStringA {
 public:
     CStringA() noexcept = default;
-    CStringA(const char* text);  ///< a null pointer gives the empty string
+    CStringA(const char* text); ///< a null pointer gives the empty string
     CStringA(std::string text) noexcept;
 
     int GetLength() const noexcept;
@@ -19,7 +19,10 @@ public:
     const std::string& Std() const noexcept;
 
     friend bool operator==(const CStringA& a, const CStringA& b) noexcept { return a.m_text == b.m_text; }
-    friend bool operator==(const CStringA& a, const char* b) noexcept { return a.m_text == b; }
+    friend bool operator==(const CStringA& a, const char* b) noexcept
+    {
+        return a.View() == (b == nullptr ? std::string_view() : std::string_view(b));
+    }
 
 private:
     std::string m_text;

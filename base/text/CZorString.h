@@ -6,8 +6,8 @@
 
 /// A string split into items at a separator, "0.3048,ft" into "0.3048" and "ft".
 ///
-/// Blanks around an item are no part of it. An empty text has no item; a text without the
-/// separator has one.
+/// An empty text has no item, a text without the separator has one, and each separator begins
+/// a further item, which may be empty.
 class ZORBASE_API CZorString {
 public:
     /// Empty, with this separator.
@@ -29,6 +29,8 @@ public:
     bool GetItem(int index, CString& value) const;
 
 private:
+    const CString* ItemAt(int index) const noexcept;
+
     wchar_t m_separator;
     std::vector<CString> m_items;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -17,8 +18,9 @@ public:
     using Value = std::variant<long long, unsigned long long, double, wchar_t, std::wstring_view, std::string_view>;
 
     template <typename Number>
-        requires std::is_arithmetic_v<Number>
-    explicit FormatArgument(Number number) : m_value(FromNumber(number))
+    requires std::is_arithmetic_v<Number>
+    explicit FormatArgument(Number number)
+        : m_value(FromNumber(number)), m_bits(8 * static_cast<int>(std::max(sizeof(Number), sizeof(int))))
     {
     }
     explicit FormatArgument(const wchar_t* text);
@@ -29,6 +31,9 @@ public:
     explicit FormatArgument(const CStringA& text);
 
     const Value& Get() const noexcept { return m_value; }
+    /// Width of a number's own type after promotion to int: how many bits a negative integer
+    /// shows as when it is written unsigned. 0 for text.
+    int Bits() const noexcept { return m_bits; }
 
 private:
     template <typename Number>
@@ -48,4 +53,5 @@ private:
     }
 
     Value m_value;
+    int m_bits = 0;
 };
