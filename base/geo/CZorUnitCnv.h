@@ -12,7 +12,7 @@ public:
 
     /// Defines the display unit of `category`: shown = value * factor + offset. The texts are
     /// the category's name, the unit's name and its suffix. False, nothing changed, for a
-    /// negative category or a factor that is 0 or not finite.
+    /// negative category, a factor that is 0 or not finite, or an offset that is not finite.
     bool SetUnit(int category, double factor, double offset, const CString& categoryName, const CString& unitName,
                  const CString& suffix);
     /// The value in the category's display unit; unchanged when no unit was set.

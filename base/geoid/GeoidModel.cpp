@@ -1,0 +1,3 @@
+#include "base/geoid/GeoidModel.h"
+
+GeoidModel::~GeoidModel() = default;

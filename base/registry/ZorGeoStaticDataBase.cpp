@@ -1,0 +1,5 @@
+#include "base/registry/ZorGeoStaticDataBase.h"
+
+ZorGeoStaticDataBase::ZorGeoStaticDataBase() = default;
+
+ZorGeoStaticDataBase::~ZorGeoStaticDataBase() = default;
