@@ -11,8 +11,8 @@ struct CFileStatus {
 
     CString fullName;
     unsigned long long size = 0;
-    double modified         = 0.0;  ///< milliseconds since 1970
-    unsigned attribute      = 0;    ///< bit `readOnly`
+    double modified = 0.0;  ///< milliseconds since 1970
+    unsigned attribute = 0; ///< bit `readOnly`
 };
 
 /// Raised by CFile::SetStatus.

@@ -10,8 +10,6 @@
 #include "base/text/CString.h"
 #include "base/text/CStringA.h"
 
-class SectionContents;
-
 /// A section file: named sections of keys and text values, in memory, read from a file whole
 /// and written to a file whole. The text form is told in docs/section-files.md.
 ///
@@ -45,7 +43,8 @@ public:
 
     /// Writes a value in memory and creates the section and the key when they are missing. With
     /// `create` false a missing section or key is left missing and the result is false.
-    /// Doubles are written as the shortest text that reads back to the same bits.
+    /// Doubles are written as the shortest text that reads back to the same bits. Narrow text is
+    /// UTF-8; with text that is not, the result is false and nothing changes.
     virtual bool SetItem(const CString& section, const CString& key, const std::string& value, bool create);
     virtual bool SetItem(const CString& section, const CString& key, const CStringA& value, bool create);
     virtual bool SetItem(const CString& section, const CString& key, const char* value, bool create);
@@ -77,8 +76,10 @@ public:
     /// The file's handle is given back before the call returns. An open object is closed first.
     bool FileOpen(const CString& path, unsigned mode);
     /// Writes the contents; an empty path means the file's own name. Atomic: after a failure or
-    /// a crash at any moment the old or the new content stands whole. False with the old file
-    /// untouched and no temporary left when it cannot be written.
+    /// a crash at any moment the old or the new content stands whole. With shareExclusive the old
+    /// file is held for exclusive writing meanwhile; the other bits of `mode` change nothing.
+    /// False with the old file untouched and no temporary left when it cannot be written, when it
+    /// is read-only (for the superuser too), or while another process holds it.
     bool FileSave(const CString& path, unsigned mode) const;
     /// Forgets contents and name.
     void FileClose();

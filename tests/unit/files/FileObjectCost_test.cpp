@@ -1,0 +1,177 @@
+// What the operations of FileObject cost, counted in allocations of the process.
+#if !defined(_WIN32)
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+#include <string>
+
+#include "base/files/FileObject.h"
+#include "tests/support/TempDirectory.h"
+
+namespace {
+
+std::atomic<long> allocations{0};
+
+void* Allocate(std::size_t size)
+{
+    ++allocations;
+    if (void* memory = std::malloc(size == 0 ? 1 : size)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    return Allocate(size);
+}
+void* operator new[](std::size_t size)
+{
+    return Allocate(size);
+}
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace {
+
+constexpr int kSections = 2000;
+constexpr int kKeys = 10;
+
+std::string ManySections()
+{
+    std::string text;
+    for (int section = 0; section < kSections; ++section) {
+        text += "[Sys-" + std::to_string(section) + "]\n";
+        for (int key = 0; key < kKeys; ++key) {
+            text += "a key that fits in no small string " + std::to_string(key) + "=6378137.0\n";
+        }
+    }
+    return text;
+}
+
+CString Key(int number)
+{
+    return CString::FromUtf8("a key that fits in no small string " + std::to_string(number));
+}
+
+template <typename Action>
+long AllocationsOf(const Action& action)
+{
+    const long before = allocations;
+    action();
+    return allocations - before;
+}
+
+class FileObjectCost : public testing::Test {
+protected:
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", ManySections());
+    FileObject file;
+
+    void SetUp() override { ASSERT_TRUE(file.FileOpen(name, FileMode::openForReading)); }
+};
+
+TEST_F(FileObjectCost, AnUnchangedFileIsNotParsedAgain)
+{
+    FileObject other;
+    EXPECT_LT(AllocationsOf([&] { EXPECT_TRUE(other.FileOpen(name, FileMode::openForReading)); }), 100);
+    EXPECT_TRUE(other.HasKey(L"Sys-1999", Key(9)));
+    const CString copy = directory.Write("b.geo", ManySections());
+    EXPECT_GT(AllocationsOf([&] { EXPECT_TRUE(other.FileOpen(copy, FileMode::openForReading)); }), kSections);
+}
+
+// A file that has not changed for long is recognised without its bytes.
+TEST_F(FileObjectCost, AFileAtRestIsNotParsedAgain)
+{
+    const CString atRest = CString::FromUtf8(ZORGEO_SOURCE_DIR "/fuzz/corpus/section_file/database.geo");
+    FileObject first;
+    ASSERT_TRUE(first.FileOpen(atRest, FileMode::openForReading)) << first.GetErrorText().ToUtf8();
+    FileObject second;
+    EXPECT_LT(AllocationsOf([&] { EXPECT_TRUE(second.FileOpen(atRest, FileMode::openForReading)); }), 40);
+    EXPECT_TRUE(second.HasSection(L"General"));
+}
+
+TEST_F(FileObjectCost, AFileThatThisProcessSavedIsNotParsedAgain)
+{
+    file.SetItem(L"Sys-5", Key(5), 1.5, true);
+    ASSERT_TRUE(file.FileSave(L"", FileMode::saveExclusive));
+    FileObject other;
+    EXPECT_LT(AllocationsOf([&] { EXPECT_TRUE(other.FileOpen(name, FileMode::openForReading)); }), 100);
+    double value = 0;
+    EXPECT_TRUE(other.GetItem(L"Sys-5", Key(5), value));
+    EXPECT_EQ(value, 1.5);
+}
+
+TEST_F(FileObjectCost, ACopySharesTheContents)
+{
+    EXPECT_LT(AllocationsOf([this] { const FileObject copy(file); }), 10);
+    FileObject assigned;
+    EXPECT_LT(AllocationsOf([&] { assigned = file; }), 10);
+}
+
+TEST_F(FileObjectCost, TheFirstChangeCopiesNoSectionButItsOwn)
+{
+    EXPECT_LT(AllocationsOf([this] { file.SetItem(L"Sys-7", Key(3), L"x", true); }), 30);
+}
+
+TEST_F(FileObjectCost, ManyChangesDoNotCopyEachTime)
+{
+    const CString section = L"Sys-7";
+    const CString key = Key(3);
+    file.SetItem(section, key, -1, true);
+    const long each = AllocationsOf([&] {
+        for (int i = 0; i < 1000; ++i) {
+            file.SetItem(section, key, i, true);
+        }
+    });
+    EXPECT_LT(each, 5 * 1000);
+}
+
+TEST_F(FileObjectCost, ReadingANumberAllocatesNothing)
+{
+    const CString section = L"Sys-1234";
+    const CString key = Key(8);
+    double value = 0;
+    file.GetItem(section, key, value); // the look-up's buffer grows once per thread
+    EXPECT_EQ(AllocationsOf([&] {
+                  EXPECT_TRUE(file.GetItem(section, key, value));
+                  EXPECT_TRUE(file.HasKey(section, key));
+                  EXPECT_FALSE(file.HasSection(key));
+              }),
+              0);
+    EXPECT_EQ(value, 6378137.0);
+}
+
+// The end of a walk lets the contents go, so that the next change need not copy them.
+TEST_F(FileObjectCost, AFinishedWalkHoldsNothing)
+{
+    file.SetItem(L"Sys-7", Key(3), 0, true);
+    FobjSection cursor;
+    CString name_;
+    for (bool more = file.GetFirstSectionEntry(cursor, name_); more; more = file.GetNextSectionEntry(cursor, name_)) {
+    }
+    EXPECT_LT(AllocationsOf([this] { file.SetItem(L"Sys-7", Key(3), 1, true); }), 8);
+}
+
+} // namespace
+
+#endif
