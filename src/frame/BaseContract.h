@@ -20,6 +20,7 @@
 #include "base/registry/CreatorLists.h"
 #include "base/registry/Creators.h"
 #include "base/registry/DataSearch.h"
+#include "base/registry/ExecutablePath.h"
 #include "base/registry/ZorGeoCoordSysBase.h"
 #include "base/registry/ZorGeoDatabaseBase.h"
 #include "base/registry/ZorGeoStaticDataBase.h"
