@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+
+#include "frame/BaseContract.h"
+
+// Readings of single records of one database file. An output whose key the record lacks stays as
+// it was, where nothing else is said.
+
+/// The texts of a system record by which it refers to other records.
+struct SystemInfo {
+    CString datum;
+    CString unit;
+    CString ellipsoid;
+    CString geoidMethod;
+    CString projection;
+    CString description;
+};
+
+/// Where the values of a datum transformation record go.
+struct DatumRecordView {
+    CString& method;
+    CString& source;
+    CString& target;
+    /// Shift X, Y, Z (metres), rotation X, Y, Z (arc seconds), scale (ppm), the seven rates of
+    /// these per year, and the epoch.
+    std::array<double*, 15> numbers;
+    bool& fixedHeight;
+    double& fixedHeightForward;
+    double& fixedHeightReverse;
+};
+
+/// Whether `group` lists `system`, in any case of letters.
+bool FindSystem(const FileObject& file, const CString& group, const CString& system);
+/// Reads what a system record names; nothing when there is no such record.
+void LoadSystemInfo(const FileObject& file, const CString& system, SystemInfo& info);
+/// Text of unit `name`, in any case of letters, and its name as spelt in the file. False, outputs
+/// untouched, when there is none.
+bool FindUnit(const FileObject& file, const CString& name, CString& value, CString& key);
+/// Semi-major axis (metres) and squared eccentricity. False, outputs untouched, when the record
+/// or one of the two is missing.
+bool FindElpsoid(const FileObject& file, const CString& name, double& semiMajor, double& eccSquared);
+/// Target ellipsoid of a datum transformation. False, output untouched, when it cannot be read.
+bool FindTargetElp(const FileObject& file, const CString& dtfName, CString& target);
+/// Reads a datum transformation record. False, outputs untouched, when there is none.
+/// Rates, epoch, fixed height and its two values are 0 when the record lacks them.
+/// Kept: see the shortened name at the body.
+bool FindDtfByName(const FileObject& file, const CString& name, const DatumRecordView& out);

@@ -1,0 +1,219 @@
+#pragma once
+
+#include <vector>
+
+#include "frame/BaseContract.h"
+#include "frame/Export.h"
+
+/// The coordinate system database: the delivered main file and the user file.
+///
+/// Records are found by name: the section of a record is a prefix and its name, and records
+/// refer to each other by name, across the two files. The main file is never written.
+/// A delivered datum, ellipsoid, unit or system answers before a user's of the same name; for a
+/// projection, for the description of a datum and for the ellipsoid names of a datum the user's
+/// answers first. Each operation tells where it differs.
+///
+/// A miss is no error: the result is neutral (false, empty, 0) and outputs stay untouched, where
+/// nothing else is said. Nothing throws, unless a file was left in FileObject's mode that throws;
+/// Init ends it. Lists keep the order of the file, main file first, and are emptied before they
+/// are filled. Names are compared exactly where nothing else is said.
+/// Used on one thread; nothing here locks.
+/// The order of the virtual operations and of the fields, and all names, are part of the interface.
+class ZORCOORDSYS_API ZorGeoDatabase : public ZorGeoDatabaseBase {
+public:
+    /// Takes the directories from ZorGeoUtility, filling it when it is not; opens nothing.
+    ZorGeoDatabase();
+    /// A copy holds both files as they stand in memory.
+    ZorGeoDatabase(const ZorGeoDatabase&);
+    ZorGeoDatabase& operator=(const ZorGeoDatabase&);
+
+    ~ZorGeoDatabase() override;
+
+    /// Closes what is open, opens both files and lists the names of their datum transformations
+    /// and projections. A user file that cannot be opened is made anew, empty.
+    /// False when the main file cannot be opened or the user file not be made.
+    /// Kept: a second Init appends to the list of datum names, while the lists of their
+    /// ellipsoids start afresh.
+    bool Init() override;
+
+    /// Unit `name`, in any case of letters; `key` is its name as spelt in the file, `factor`
+    /// metres per unit, `digits` always 7.
+    bool GetUnitParametersByName(CString name, CString& key, CString& suffix, double& factor, short& digits) override;
+
+    /// Lists; false with `out` untouched while a file is not open. A name in both files comes
+    /// twice. A list from an index section holds the index alone: a name without its record is
+    /// listed, a record without its line is not.
+    /// Groups; for another `which` false with `out` emptied.
+    bool GetAllGroupNames(CStringArray& out, geodb_type which) override;
+    bool GetAllSystemNamesByGroupName(CStringArray& out, CString group) override;
+    /// Every system record, also those that no group names.
+    bool GetAllSystemNames(CStringArray& out) override;
+    bool GetAllDtfNames(CStringArray& out) override;
+    bool GetAllUnitNames(CStringArray& out) override;
+    bool GetAllEllipsoidNames(CStringArray& out) override;
+    bool GetAllProjectionNames(CStringArray& out) override;
+
+    /// The first system of the first group that uses `projection`, in any case of letters.
+    /// Asks only system records of the file in which the projection stands, the user file first.
+    bool FindGroupAndSysByPrjName(CString projection, CString& group, CString& system) override;
+    /// Name of the projection of a system; empty for a miss, as are the like below.
+    CString GetPrjNameByGroupAndSysNames(CString group, CString system) override;
+    /// Projections of a method, appended to `out`, which is not emptied. True.
+    bool GetAllPrjNamesByMdName(std::vector<CString>& out, CString method) override;
+    /// Datum transformations between two ellipsoids, the source in any case of letters. True.
+    bool GetDtfNamesByElps(CStringArray& out, CString source, CString target) override;
+    /// Datum transformations whose target, or source, is `ellipsoid`. True.
+    bool GetAllDtfNamesByOneElp(CStringArray& out, CString ellipsoid, bool asTarget) override;
+    CString GetDtfNameByGroupAndSysNames(CString group, CString system) override;
+    CString GetUnitNameByGroupAndSysNames(CString group, CString system) override;
+    CString GetPrjMdNameByGroupAndSysNames(CString group, CString system) override;
+
+    /// Attributes of a projection; the user file answers first.
+    CString GetPrjMdNameByPrjName(CString projection) override;
+    CString GetPrjUnit(CString projection) override;
+    /// The constants as the projection's class lists them, without an ellipsoid. False when
+    /// there is no such record or no class for its type. A class that lists nothing without an
+    /// ellipsoid leaves the outputs untouched, and the result is true.
+    bool GetPrjConstantsByName(CString projection, CArray<double, double>& values, CStringArray& names,
+                               CStringArray& texts, CArray<UINT, UINT>& kinds) override;
+    int GetPrjTypeByPrjName(CString projection) override;
+    /// True when there is such a record, also when it has no zone or hemisphere.
+    bool GetPrjUTMInfo(CString projection, CString& zone, CString& hemisphere) override;
+
+    /// A single blank.
+    CString GetDatumKeyByName(CString name) override;
+    /// Axes in metres, e the first eccentricity. `spare` is never written. With an axis below
+    /// 6000000 m or a squared eccentricity above 1, b is 0, `invF` stays and f is 1 / `invF`.
+    bool GetElpParamByElpName(CString name, double& a, double& b, double& e, double& spare, double& f,
+                              double& invF) override;
+    /// The same for the target ellipsoid of a datum transformation.
+    bool GetElpsoidParametersByDtName(CString dtf, CString& target, double& a, double& b, double& e, double& spare,
+                                      double& f, double& invF) override;
+    /// Shifts in metres, rotations in arc seconds, scale in ppm, rates per year. A value that the
+    /// record lacks leaves its output, but rates, epoch, fixed height and its two values are
+    /// then 0.
+    bool GetDtfParamByName(CString name, CString& method, double& shiftX, double& shiftY, double& shiftZ, double& rotX,
+                           double& rotY, double& rotZ, double& scale, double& shiftRateX, double& shiftRateY,
+                           double& shiftRateZ, double& rotRateX, double& rotRateY, double& rotRateZ, double& scaleRate,
+                           double& epoch, CString& source, CString& target, bool& fixedHeight,
+                           double& fixedHeightForward, double& fixedHeightReverse) override;
+    /// The user file answers first.
+    bool GetElpNamesByDtfName(CString name, CString& source, CString& target) override;
+    /// Empty.
+    CString GetDtfFilePathByDtfName(CString name) override;
+    /// The user file answers first.
+    CString GetDtfDescription(CString name) override;
+    /// "default".
+    CString GetElpKeyByName(CString name) override;
+    /// "WGS84".
+    CString GetDefaultSrcElpName() override;
+
+    bool IsOldZorProject(const CString& path) override;
+    bool ConvertProj2Geobase(FileObject& project, CString& group, CString& system) override;
+
+    /// Whether the record stands in the user file (1), the main file (2) or either (3).
+    /// Kept: for any other `which` the result is true.
+    bool HasGroup(CString name, unsigned which) override;
+    bool HasSystem(CString name, unsigned which) override;
+    bool HasDtf(CString name, unsigned which) override;
+    bool HasEllpsoid(CString name, unsigned which) override;
+    /// In any case of letters.
+    bool HasUint(CString name, unsigned which) override;
+    bool HasProjection(CString name, unsigned which) override;
+    bool HasDtfUsedInMoreSystem(CString name, unsigned which) override;
+    bool HasProjectionUsedInMoreSystem(CString name, unsigned which) override;
+
+    CString DumpDatumfText(CString name, bool title) override;
+    CString DumpElpText(CString name) override;
+    CString DumpSystemText(CString group, CString system, CString geoidMethod, CString geoidGrid, CString chartDatum,
+                           CString correctionModel, CString correctionFile) override;
+    CString DumpPrjText(CString name) override;
+    CString DumpPrjText(CString group, CString system, bool title) override;
+    CString DumpUnitText(CString name) override;
+
+    /// Settings of a system. The readers ask the main file first.
+    CString GetDefaultGeoidModelMd(CString group, CString system) override;
+    /// The methods that the group allows, from the main file alone; the system has no effect.
+    CString GetSupportedGeoidModels(CString group, CString system) override;
+    /// The same from the user file alone.
+    CString GetCustomSupportedGeoidModels(CString group, CString system) override;
+    CString GetDefaultGeoidGrid(CString group, CString system) override;
+    void GetGridCorrection(CString group, CString system, double& x, double& y, double& z) override;
+    void GetPostHorAdjust(CString group, CString system, double& originX, double& originY, double& rotation,
+                          double& scale) override;
+    void GetPostVertAdjust(CString group, CString system, double& originX, double& originY, double& slopeX,
+                           double& slopeY) override;
+    CString GetDefaultGridCorrectionFile(CString group, CString system) override;
+    CString GetDefaultGridCorrectionModel(CString group, CString system) override;
+    /// Whether the feature is switched on; false for a miss.
+    bool HasGeoidModel(CString group, CString system) override;
+    bool HasPostCorrection(CString group, CString system) override;
+    bool HasPostHorAdjust(CString group, CString system) override;
+    bool HasPostVertAdjust(CString group, CString system) override;
+    /// The three setters change a system of the user file, save that file and start anew with
+    /// Init, whose result they give; what a save could not write is lost then. False, nothing
+    /// changed, for a system that is not in the user file.
+    bool SetGeoidModel(CString group, CString system, CString method, CString grid, bool use) override;
+    /// Leaves the geoid grid of an earlier setting.
+    bool SetManualGeoidModel(CString group, CString system, CString method, double value, bool use) override;
+    double GetGeoidManualSeparation(CString group, CString system) override;
+    bool SetpostCorrections(CString group, CString system, double x, double y, double z, CString model, CString file,
+                            bool use) override;
+
+    bool RemoveSystem(CString group, CString system) override;
+    /// "Netherlands" and "ETRS 89 - RD (2008)", whether or not the database has them.
+    void GetDefaultGroupAndSystem(CString& group, CString& system) override;
+    /// Puts a unit of `factor` metres into the user file in memory, six decimals; `digits` has no
+    /// effect. It is neither saved nor counted: a later Init before a save loses it.
+    bool CreateNewUnit(CString name, double factor, CString suffix, short digits) override;
+    CString DumpSystemIDText(CString group, CString system, CString geoidMethod, CString geoidGrid, CString chartDatum,
+                             CString correctionModel, CString correctionFile) override;
+    /// The same as GetUnitNameByGroupAndSysNames.
+    CString GetSystemUnit(CString group, CString system) override;
+    bool IsSystemCustom(CString group, CString system) override;
+    /// Does nothing. True.
+    bool GetAllDatumKeys(CStringArray& out) override;
+
+    /// Opens both files and does nothing else. A user file that was made anew stays as it was
+    /// made. False as Init.
+    bool InternalInit();
+
+    FileObject& GetMainFile();
+    FileObject& GetUserFile();
+
+private:
+    bool OpenFiles(bool& userFileMade);
+    bool BothOpen() const;
+    const FileObject* FileNamed(unsigned which) const;
+    bool FindAllElpNamesInDtf(unsigned which);
+    bool FindAllPrjNamesAndMethods(unsigned which);
+
+    bool AllValues(const CString& section, CStringArray& out) const;
+
+    bool HasRecord(const CString& section, unsigned which) const;
+    /// The main file, else the user file, whose group lists the system; null when neither does.
+    const FileObject* FileOfSystem(const CString& group, const CString& system) const;
+    /// The user file, else the main file, that has the projection; null when neither does.
+    FileObject* FileOfProjection(const CString& name);
+    /// The user file, else the main file, that has the section; null when neither does.
+    const FileObject* UserThenMainFile(const CString& section) const;
+    CString UserThenMainText(const CString& section, const CString& key) const;
+    CString SystemText(const CString& group, const CString& system, const CString& key) const;
+    bool SystemFlag(const CString& group, const CString& system, const CString& key) const;
+    bool FindElpsoidInFiles(const CString& name, double& semiMajor, double& eccSquared) const;
+    bool GetElpSqEccen(const CString& name, double& eccSquared) const;
+
+    bool CanBeSet(const CString& group, const CString& system) const;
+    bool SaveAndInit();
+
+    CString m_mainPath;
+    CString m_userPath;
+    FileObject m_mainFile;
+    FileObject m_userFile;
+    std::vector<CString> m_prjNames;
+    std::vector<CString> m_prjMethods;
+    std::vector<CString> m_spare;
+    std::vector<CString> m_dtfTargetElps;
+    std::vector<CString> m_dtfSourceElps;
+    std::vector<CString> m_dtfNames;
+};
