@@ -29,8 +29,8 @@ constexpr std::array<std::size_t, 15> kNumberKeys = {
 constexpr std::size_t kFirstRate = 7;
 static_assert(kNumberKeys.size() == std::tuple_size_v<decltype(DatumRecordView::numbers)>);
 
-/// The section name without what stands between " - " and ":", the colon included; unchanged
-/// when it has no such part.
+} // namespace
+
 CString ShortenedDatumSection(CString section)
 {
     const int dash = section.Find(L" - ");
@@ -40,8 +40,6 @@ CString ShortenedDatumSection(CString section)
     }
     return section;
 }
-
-} // namespace
 
 bool FindSystem(const FileObject& file, const CString& group, const CString& system)
 {

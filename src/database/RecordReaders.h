@@ -42,6 +42,9 @@ bool FindUnit(const FileObject& file, const CString& name, CString& value, CStri
 bool FindElpsoid(const FileObject& file, const CString& name, double& semiMajor, double& eccSquared);
 /// Target ellipsoid of a datum transformation. False, output untouched, when it cannot be read.
 bool FindTargetElp(const FileObject& file, const CString& dtfName, CString& target);
+/// The section of a datum transformation in the older style of names: "Dtf-A - B:C" is kept as
+/// "Dtf-A - C". A name that does not have that form comes back as it is.
+CString ShortenedDatumSection(CString section);
 /// Reads a datum transformation record. False, outputs untouched, when there is none.
 /// Rates, epoch, fixed height and its two values are 0 when the record lacks them.
 /// Kept: see the shortened name at the body.

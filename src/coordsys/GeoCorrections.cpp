@@ -1,0 +1,186 @@
+#include "coordsys/GeoCorrections.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr double kSecondsPerDegree = 3600.0;
+constexpr double kPartsPerMillion = 1000000.0;
+
+// Geoid models that older databases call by another name.
+struct OldName {
+    const wchar_t* name;
+    int type;
+};
+constexpr OldName kOldNames[] = {{L"Grid Model Geoid Model", GeoidType::gridModel},
+                                 {L"Sweden Swen01l", GeoidType::swen}};
+
+const CString& ModelName(int type)
+{
+    return GeoidmodelTypeKeys[static_cast<std::size_t>(type)];
+}
+
+int TypeOfOldName(const CString& name)
+{
+    for (const OldName& old : kOldNames) {
+        if (name == old.name) {
+            return GeoCorrections::ModelType(ModelName(old.type));
+        }
+    }
+    return -1;
+}
+
+std::shared_ptr<GeoidModel> CreateModel(int type)
+{
+    return std::shared_ptr<GeoidModel>(GeoidModelList::GetGeoidModelList().Create(static_cast<unsigned short>(type)));
+}
+
+} // namespace
+
+int GeoCorrections::ModelType(const CString& name)
+{
+    for (int type = GeoidType::firstModel; type <= GeoidType::lastModel; ++type) {
+        if (name.CompareNoCase(ModelName(type)) == 0) {
+            return type;
+        }
+    }
+    return -1;
+}
+
+bool GeoCorrections::CreateGeoidModel(const CString& name, ZorGeoCoordSysBase* coordSys)
+{
+    geoidModelName = name;
+    manualGeoid = false;
+    geoidType = ModelType(name);
+    if (geoidType == -1) {
+        geoidType = TypeOfOldName(name);
+    }
+    if (geoidType == -1) {
+        return false;
+    }
+    pGeoidModel = CreateModel(geoidType);
+    return pGeoidModel && pGeoidModel->InitModel(coordSys);
+}
+
+void GeoCorrections::CreatePostModel(const CString& name, ZorGeoCoordSysBase* coordSys)
+{
+    pPostModel.reset();
+    postType = ModelType(name);
+    if (postType == -1) {
+        return;
+    }
+    pPostModel = CreateModel(postType);
+    if (pPostModel) {
+        pPostModel->InitModel(coordSys);
+    }
+}
+
+void GeoCorrections::SetShifts(double x, double y, double z)
+{
+    shiftX = x;
+    shiftY = y;
+    shiftZ = z;
+}
+
+void GeoCorrections::SetHorAdjust(double originX, double originY, double rotation, double scale)
+{
+    horAdjust = true;
+    horOriginX = originX;
+    horOriginY = originY;
+    SetRotation(rotation);
+    horScale = scale == 0.0 ? 1.0 : scale;
+}
+
+void GeoCorrections::ClearHorAdjust()
+{
+    SetHorAdjust(0.0, 0.0, 0.0, 1.0);
+    horAdjust = false;
+}
+
+void GeoCorrections::SetRotation(double arcSeconds)
+{
+    const double angle = -arcSeconds / kSecondsPerDegree * D_TO_R;
+    horRotation = arcSeconds;
+    horCos = std::cos(angle);
+    horSin = std::sin(angle);
+}
+
+void GeoCorrections::SetVertAdjust(double originX, double originY, double slopeX, double slopeY)
+{
+    vertAdjust = true;
+    vertOriginX = originX;
+    vertOriginY = originY;
+    vertSlopeX = slopeX / kPartsPerMillion;
+    vertSlopeY = slopeY / kPartsPerMillion;
+}
+
+void GeoCorrections::ClearVertAdjust()
+{
+    SetVertAdjust(0.0, 0.0, 0.0, 0.0);
+    vertAdjust = false;
+}
+
+void GeoCorrections::AdjustXY(double x, double y, double& outX, double& outY, bool inverse) const
+{
+    if (!horAdjust) {
+        outX = inverse ? x - shiftX : x + shiftX;
+        outY = inverse ? y - shiftY : y + shiftY;
+    } else if (!inverse) {
+        const double u = x - horOriginX;
+        const double v = y - horOriginY;
+        outX = (u * horCos - v * horSin) * horScale + shiftX + horOriginX;
+        outY = (u * horSin + v * horCos) * horScale + shiftY + horOriginY;
+    } else {
+        const double u = (x - horOriginX - shiftX) / horScale;
+        const double v = (y - horOriginY - shiftY) / horScale;
+        outX = u * horCos + v * horSin + horOriginX;
+        outY = v * horCos - u * horSin + horOriginY;
+    }
+}
+
+// Height of the inclined plane above its origin; 0 when there is none.
+double GeoCorrections::PlaneHeight(double x, double y) const
+{
+    return vertAdjust ? (x - vertOriginX) * vertSlopeX + (y - vertOriginY) * vertSlopeY : 0.0;
+}
+
+// Kept: the model corrects first in both directions, at the position that comes in, and the
+// adjust follows. Projects were set up with it, so the way back is not the exact mirror of the
+// way out where the model's correction differs from place to place.
+void GeoCorrections::PostXYZ(double x, double y, double z, double& outX, double& outY, double& outZ, bool inverse) const
+{
+    double dx = 0.0;
+    double dy = 0.0;
+    if (pPostModel && pPostModel->CalGridShift(x, y, dx, dy, inverse)) {
+        x = inverse ? x - dx : x + dx;
+        y = inverse ? y - dy : y + dy;
+    }
+    if (inverse) {
+        outZ = z - shiftZ - PlaneHeight(x, y);
+        AdjustXY(x, y, outX, outY, true);
+    } else {
+        AdjustXY(x, y, outX, outY, false);
+        outZ = z + shiftZ + PlaneHeight(outX, outY);
+    }
+}
+
+bool GeoCorrections::GeoidHeight(double latitude, double longitude, double x, double y, double& height,
+                                 CString& message) const
+{
+    if (manualGeoid) {
+        height = manualSeparation;
+        return true;
+    }
+    return pGeoidModel && pGeoidModel->CalGeoidHeight(latitude, longitude, x, y, height, message);
+}
+
+// The way back is taken at the position that it corrects; there is no iteration.
+void GeoCorrections::ShiftGeographic(double& latitude, double& longitude, bool inverse) const
+{
+    double dlat = 0.0;
+    double dlon = 0.0;
+    if (pPostModel && pPostModel->CalGeoShift(latitude, longitude, dlat, dlon, inverse)) {
+        latitude = inverse ? latitude - dlat : latitude + dlat;
+        longitude = inverse ? longitude - dlon : longitude + dlon;
+    }
+}
