@@ -1,0 +1,3 @@
+#include "Command.h"
+
+Command::~Command() = default;

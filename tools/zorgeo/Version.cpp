@@ -1,0 +1,6 @@
+#include "Version.h"
+
+const char* Version()
+{
+    return ZORGEO_VERSION;
+}

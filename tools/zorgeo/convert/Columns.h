@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "convert/Frame.h"
+
+/// The values that a line may hold: the coordinates of its frame, in the frame's order, and a
+/// time. A place in arrays.
+namespace Slot {
+constexpr int first = 0, second = 1, third = 2, time = 3, count = 4;
+}
+
+/// What the command line says of the columns of every input.
+struct ColumnRequest {
+    Frame from = Frame::sat;
+    /// 0: found from the first line; ' ' any blanks; else the character between two columns.
+    char delimiter = 0;
+    /// Per slot a number from 1, a name of the header line, or empty: not given.
+    std::array<std::string, Slot::count> columns;
+    /// The third coordinate must be there: the result cannot be had without it.
+    bool needsHeight = false;
+};
+
+/// Reads "lat=2,lon=3,h=4,t=5" into `request.columns`, for its frame. Names in any case of
+/// letters. Throws ToolError (2) telling what would be right.
+void ReadColumnList(const std::string& text, ColumnRequest& request);
+/// Reads the name or the character of a delimiter. Throws ToolError (2).
+char ReadDelimiter(const std::string& text);
+
+/// A piece of a line.
+struct Field {
+    const char* begin = nullptr;
+    const char* end = nullptr;
+    std::string_view Text() const { return {begin, static_cast<std::size_t>(end - begin)}; }
+};
+
+/// Where the values stand in the lines of one input.
+struct Layout {
+    char delimiter = ' ';
+    /// Slot of each column from the first on, -1 for a column of no interest.
+    std::vector<signed char> slots;
+    bool hasHeight = false;
+    bool hasTime = false;
+    /// The first line is a header.
+    bool hasHeader = false;
+    /// The coordinate slots that the lines have, from left to right.
+    std::vector<int> order;
+
+    int Coordinates() const { return hasHeight ? 3 : 2; }
+};
+
+/// Finds the fields of a line, without blanks around them. A column that the line does not have
+/// leaves its field null.
+void SplitLine(const Layout& layout, const char* begin, const char* end, std::array<Field, Slot::count>& fields);
+
+/// Settles the layout of an input from its first line that is neither blank nor a comment.
+/// Without a given delimiter, the first of tab, semicolon, comma and blanks under which the line
+/// reads. Without given columns, the coordinates are the first columns, and the third is a
+/// height when it is a number in the first line. Throws ToolError (2) when a header name is not
+/// there or a height is missing that the conversion needs.
+Layout FindLayout(const ColumnRequest& request, std::string_view firstLine, const std::string& input);

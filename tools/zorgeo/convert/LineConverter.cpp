@@ -1,0 +1,241 @@
+#include "convert/LineConverter.h"
+
+#include <cstring>
+
+#include <fmt/format.h>
+
+#include "convert/FixedNumber.h"
+#include "convert/NumberText.h"
+
+namespace {
+
+constexpr std::size_t kShownOfLine = 200; // bytes of a bad line in its message
+constexpr std::string_view kByteOrder = "\xEF\xBB\xBF";
+constexpr const char* kTooLong = "a line longer than 1 MiB";
+
+char SeparatorOf(const Layout& layout)
+{
+    return layout.delimiter;
+}
+
+} // namespace
+
+/// A line without its end, and the end: "\n", "\r\n", "\r" or nothing.
+struct LineConverter::Line {
+    const char* begin;
+    const char* end;
+    const char* next;
+    std::uint64_t number;
+
+    std::string_view Text() const { return {begin, static_cast<std::size_t>(end - begin)}; }
+    std::string_view End() const { return {end, static_cast<std::size_t>(next - end)}; }
+};
+
+void BlockResult::Clear()
+{
+    text.Clear();
+    complaints.clear();
+    good = 0;
+    bad = 0;
+    stopped = false;
+}
+
+LineConverter::LineConverter(const PositionConverter& positions, const ConversionRequest& frames,
+                             const LineRequest& request)
+    : m_positions(positions), m_from(TraitsOf(frames.from)), m_to(TraitsOf(frames.to)), m_request(request)
+{
+}
+
+void LineConverter::Convert(const Block& block, BlockResult& result) const
+{
+    result.Clear();
+    if (block.kind != Block::Kind::lines) {
+        ConvertLongLine(block, result);
+        return;
+    }
+    ConvertLines(block, result);
+    if (block.closeLine && result.text.Size() > 0 && !result.stopped && result.text.View().back() != '\n') {
+        result.text.Append('\n');
+    }
+}
+
+void LineConverter::ConvertLines(const Block& block, BlockResult& result) const
+{
+    const char* at = block.text.Data();
+    const char* const end = at + block.text.Size();
+    std::uint64_t number = block.firstLine;
+    if (number == 1 && block.text.View().starts_with(kByteOrder)) {
+        result.text.Append(kByteOrder);
+        at += kByteOrder.size();
+    }
+    for (; at != end && !result.stopped; ++number) {
+        const auto* newline = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
+        Line line{at, newline == nullptr ? end : newline, newline == nullptr ? end : newline + 1, number};
+        if (line.end != line.begin && line.end[-1] == '\r') {
+            --line.end;
+        }
+        at = line.next;
+        if (IsPassedThrough(line.begin, line.end)) {
+            result.text.Append(line.begin, line.next);
+        } else if (number == block.lines->headerLine) {
+            WriteHeader(line, block.lines->layout, result.text);
+        } else if (line.next - line.begin > static_cast<std::ptrdiff_t>(kLongestLine)) {
+            Complain(line, block, kTooLong, result);
+        } else {
+            ConvertLine(line, block, result);
+        }
+    }
+}
+
+void LineConverter::ConvertLine(const Line& line, const Block& block, BlockResult& result) const
+{
+    const Layout& layout = block.lines->layout;
+    std::array<Field, Slot::count> fields;
+    SplitLine(layout, line.begin, line.end, fields);
+    Position in{};
+    Position out{};
+    double time = m_request.epoch.value_or(0.0);
+    std::string detail; // empty texts allocate nothing
+    const char* fault = ReadFields(fields, layout, in, time, detail);
+    if (fault == nullptr) {
+        fault = m_positions.Convert(in, layout.hasHeight, time, out, detail);
+    }
+    if (fault != nullptr) {
+        Complain(line, block, detail.empty() ? fault : fmt::format("{} {}", fault, detail), result);
+        return;
+    }
+    ++result.good;
+    WriteLine(line, layout, fields, result.text, [&](TextBuffer& text, int place) {
+        const bool angle = m_to.angles && place < 2;
+        const int decimals = angle ? m_request.angleDecimals : m_request.distanceDecimals;
+        text.AdvanceTo(WriteFixed(text.Room(kFixedNumberRoom), out[static_cast<std::size_t>(place)], decimals));
+    });
+}
+
+const char* LineConverter::ReadCoordinate(int slot, std::string_view text, double& value) const
+{
+    if (!m_from.angles || slot == Slot::third) {
+        return ReadNumber(text, value);
+    }
+    return ReadAngle(text, slot == Slot::first ? AngleKind::latitude : AngleKind::longitude, value);
+}
+
+const char* LineConverter::ReadFields(const std::array<Field, Slot::count>& fields, const Layout& layout, Position& in,
+                                      double& time, std::string& detail) const
+{
+    for (const int slot : layout.order) {
+        const auto s = static_cast<std::size_t>(slot);
+        const Field& field = fields[s];
+        const char* fault = field.begin == field.end ? "missing" : ReadCoordinate(slot, field.Text(), in[s]);
+        if (fault != nullptr) {
+            detail = fmt::format("is {}", fault);
+            return m_from.coordinates[s];
+        }
+    }
+    if (layout.hasTime) {
+        const Field& field = fields[Slot::time];
+        const char* fault = field.begin == field.end ? "missing" : ReadEpoch(field.Text(), time);
+        if (fault != nullptr) {
+            detail = fmt::format("is {}", fault);
+            return "t";
+        }
+    }
+    return nullptr;
+}
+
+/// Writes a line with `write(out, place)` for each coordinate of the result, in place of the old
+/// ones or behind the line. The results stand in the order of their frame: the first two take
+/// the places of the old pair from left to right, the third the place of the old third.
+template <typename Write>
+void LineConverter::WriteLine(const Line& line, const Layout& layout, const std::array<Field, Slot::count>& fields,
+                              TextBuffer& out, Write write) const
+{
+    if (m_request.append) {
+        out.Append(line.begin, line.end);
+        for (int place = 0; place < layout.Coordinates(); ++place) {
+            out.Append(SeparatorOf(layout));
+            write(out, place);
+        }
+        out.Append(line.End());
+        return;
+    }
+    const char* from = line.begin;
+    int ofPair = 0;
+    for (const int slot : layout.order) {
+        const int place = slot == Slot::third ? 2 : ofPair++;
+        const Field& field = fields[static_cast<std::size_t>(slot)];
+        if (field.begin == nullptr) { // a marked line that is too short
+            out.Append(from, line.end);
+            from = line.end;
+            out.Append(SeparatorOf(layout));
+        } else {
+            out.Append(from, field.begin);
+            from = field.end;
+        }
+        write(out, place);
+    }
+    out.Append(from, line.next);
+}
+
+void LineConverter::WriteHeader(const Line& line, const Layout& layout, TextBuffer& out) const
+{
+    std::array<Field, Slot::count> fields;
+    SplitLine(layout, line.begin, line.end, fields);
+    WriteLine(line, layout, fields, out,
+              [this](TextBuffer& text, int place) { text.Append(m_to.coordinates[static_cast<std::size_t>(place)]); });
+}
+
+void LineConverter::Complain(const Line& line, const Block& block, std::string_view reason, BlockResult& result) const
+{
+    const std::string_view text = line.Text();
+    const bool cut = text.size() > kShownOfLine;
+    result.complaints += fmt::format("{}:{}: {}: {}{}\n", *block.name, line.number, reason,
+                                     text.substr(0, kShownOfLine), cut ? "..." : "");
+    ++result.bad;
+    WriteBad(line, block, result);
+}
+
+void LineConverter::WriteBad(const Line& line, const Block& block, BlockResult& result) const
+{
+    if (m_request.bad == BadLine::stop) {
+        result.stopped = true;
+    } else if (m_request.bad == BadLine::keep) {
+        result.text.Append(line.begin, line.next);
+    } else if (m_request.bad == BadLine::mark) {
+        // An input that begins with a line too long has no columns yet.
+        static const Layout kUnknown = [] {
+            Layout layout;
+            layout.order = {Slot::first, Slot::second};
+            return layout;
+        }();
+        const Layout& layout = block.lines != nullptr ? block.lines->layout : kUnknown;
+        std::array<Field, Slot::count> fields{};
+        const bool tooLong = line.next - line.begin > static_cast<std::ptrdiff_t>(kLongestLine);
+        if (!tooLong) {
+            SplitLine(layout, line.begin, line.end, fields);
+            WriteLine(line, layout, fields, result.text, [](TextBuffer& text, int) { text.Append('*'); });
+            return;
+        }
+        for (int place = 0; place < layout.Coordinates(); ++place) {
+            result.text.Append(place == 0 ? std::string_view() : std::string_view(&layout.delimiter, 1));
+            result.text.Append('*');
+        }
+        result.text.Append(line.End());
+    }
+}
+
+void LineConverter::ConvertLongLine(const Block& block, BlockResult& result) const
+{
+    const char* const begin = block.text.Data();
+    const char* const end = begin + block.text.Size();
+    if (block.kind == Block::Kind::longLine) {
+        Complain({begin, end, end, block.firstLine}, block, kTooLong, result);
+        return;
+    }
+    if (m_request.bad == BadLine::keep) {
+        result.text.Append(begin, end);
+    } else if (m_request.bad == BadLine::mark && end != begin && end[-1] == '\n') {
+        const bool carriageReturn = end - begin > 1 && end[-2] == '\r';
+        result.text.Append(carriageReturn ? "\r\n" : "\n");
+    }
+}
