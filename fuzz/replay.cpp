@@ -6,8 +6,6 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <string>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -19,8 +17,9 @@ namespace fs = std::filesystem;
 void Replay(const fs::path& path)
 {
     std::ifstream file(path, std::ios::binary);
-    file.exceptions(std::ios::badbit);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    file.exceptions(std::ios::badbit | std::ios::failbit);
+    std::vector<char> bytes(fs::file_size(path));
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     std::printf("%s: %zu bytes\n", path.filename().string().c_str(), bytes.size());
     std::fflush(stdout); // the last line names the file that failed
     const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());

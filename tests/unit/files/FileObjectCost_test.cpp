@@ -3,53 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <new>
 #include <string>
 
 #include "base/files/FileObject.h"
 #include "tests/support/TempDirectory.h"
-
-namespace {
-
-std::atomic<long> allocations{0};
-
-void* Allocate(std::size_t size)
-{
-    ++allocations;
-    if (void* memory = std::malloc(size == 0 ? 1 : size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    return Allocate(size);
-}
-void* operator new[](std::size_t size)
-{
-    return Allocate(size);
-}
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
+#include "tests/unit/files/AllocationCount.h"
 
 namespace {
 
@@ -76,9 +34,9 @@ CString Key(int number)
 template <typename Action>
 long AllocationsOf(const Action& action)
 {
-    const long before = allocations;
+    const long before = AllocationCount();
     action();
-    return allocations - before;
+    return AllocationCount() - before;
 }
 
 class FileObjectCost : public testing::Test {

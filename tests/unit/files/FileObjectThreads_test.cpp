@@ -94,7 +94,9 @@ TEST(FileObjectThreads, ReadWhileAnotherSaves)
             failures += first == last ? 0 : 1;
             if (number == 0 && round % 4 == 0) {
                 for (int i = 0; i < 20; ++i) {
-                    file.SetItem(CString::FromUtf8("s" + std::to_string(i)), L"k", round, true);
+                    CString section;
+                    section.Format(L"s%d", i);
+                    file.SetItem(section, L"k", round, true);
                 }
                 failures += file.FileSave(L"", FileMode::saveExclusive) ? 0 : 1;
             }
