@@ -1,7 +1,6 @@
 #include "datum/Ellipsoid.h"
 
 #include <cmath>
-#include <limits>
 #include <ostream>
 
 #include "frame/RecordNames.h"
@@ -15,6 +14,9 @@ constexpr int kMaxRounds = 20;
 // round brings T fifty times closer. The ellipsoids of the earth stay below 0.007.
 constexpr double kSmallEccentricity = 0.01;
 constexpr int kRoundsOfNearFixedPoint = 2;
+// Metres. Nearer to the equator than this the stop rule, not the arithmetic, limits the height,
+// and only the plain rounds stop where they do.
+constexpr double kClearOfEquator = 1e-3;
 constexpr double kSettled = 1e-20; // metres: met when T has stopped changing, as a rule altogether
 
 // Whether the square of a length in metres neither overflows nor loses digits. NaN cannot.
@@ -105,20 +107,20 @@ bool Ellipsoid::CartesianToGeodetic(double X, double Y, double Z, double& lat, d
         h = (p - semiMajor) / s_unitFactor;
         return true;
     }
-    if (CanBeSquared((1.0 - eccSquared) * p) && CanBeSquared(std::abs(Z)) && CanBeSquared(semiMajor)) {
+    if (CanBeSquared((1.0 - eccSquared) * p) && std::abs(Z) > kClearOfEquator && CanBeSquared(std::abs(Z)) &&
+        CanBeSquared(semiMajor)) {
         return LatitudeAndHeight(p, Z, lat, h);
     }
-    return LatitudeAndHeightAtExtremes(p, Z, lat, h);
+    return PlainLatitudeAndHeight(p, Z, lat, h);
 }
 
-// The iteration of LatitudeAndHeightAtExtremes without its sine and arctangent in each round.
+// The iteration of PlainLatitudeAndHeight without its sine and arctangent in each round.
 // q: Z - e2 T, so that tan(phi) = q / k; beta: reduced latitude, tan(beta) = q / K with
 // K = sqrt(1 - e2) p; then w = b sin(beta). Where the rounds contract fast they start from
 // NearFixedPoint, which lies within their last few digits. The fixed point is the same but for
-// the last bit, by which one of the two may settle and the other go on: on the usual ellipsoids
-// one position in 1300 uses up the rounds here that would settle there. The results differ by
-// less than 1e-13 degrees and 1e-8 m up to a height of 2000 km; at 40000 km, by four units of the
-// last place.
+// the last bit; where T goes to and fro between two neighbours, one position in 1300, the plain
+// rounds say whether they settle. The results differ by less than 1e-13 degrees and 1e-8 m up to
+// a height of 2000 km; at 40000 km, by four units of the last place.
 bool Ellipsoid::LatitudeAndHeight(double p, double Z, double& lat, double& h) const
 {
     const double root = std::sqrt(1.0 - eccSquared);
@@ -130,25 +132,21 @@ bool Ellipsoid::LatitudeAndHeight(double p, double Z, double& lat, double& h) co
         T = NearFixedPoint(b, K2, Z);
         n = kRoundsOfNearFixedPoint;
     }
-    double previous = std::numeric_limits<double>::quiet_NaN();
     double q = Z;
-    for (bool settled = false; !settled && n < kMaxRounds;) {
-        const double beforePrevious = previous;
+    double previous = 0.0;
+    do {
         previous = T;
         ++n;
         q = Z - eccSquared * previous;
         T = Z - b * q / std::sqrt(K2 + q * q);
-        settled = !(std::abs(T - previous) > kSettled);
-        if (!settled && T == beforePrevious) {
-            // T goes to and fro between two neighbours until the rounds are used up: only
-            // whether an even or an odd number is left matters.
-            n = kMaxRounds - (kMaxRounds - n) % 2;
-        }
+    } while (std::abs(T - previous) > kSettled && n < kMaxRounds);
+    if (n == kMaxRounds) {
+        return PlainLatitudeAndHeight(p, Z, lat, h);
     }
     const double k = (1.0 - eccSquared) * p;
     lat = modgeo(std::atan(q / k) * kDegreesPerRadian);
     h = T * std::sqrt(k * k + q * q) / (q * s_unitFactor);
-    return n != kMaxRounds;
+    return true;
 }
 
 // Newton's first step from T = 0, and a second one with the same slope. g(T) = Z - b q / D with
@@ -170,7 +168,7 @@ double Ellipsoid::NearFixedPoint(double b, double K2, double Z) const
 // Kept: a position exactly on the axis of rotation has k = 0, so that the first round multiplies
 // zero by infinity. It comes out as NaN with the result true, and what reads such a position
 // knows it by that; NaN ends the loop.
-bool Ellipsoid::LatitudeAndHeightAtExtremes(double p, double Z, double& lat, double& h) const
+bool Ellipsoid::PlainLatitudeAndHeight(double p, double Z, double& lat, double& h) const
 {
     const double k = (1.0 - eccSquared) * p;
     const double c = Z / k;

@@ -52,8 +52,8 @@ public:
     /// False, outputs untouched, when the status is not good.
     bool GeodeticToCartesian(double lat, double lon, double h, double& X, double& Y, double& Z) const;
     /// False, outputs untouched, when the status is not good; false with the outputs stored when
-    /// 20 rounds did not bring the iteration to a standstill, which happens by the last bit of
-    /// the arithmetic and takes nothing from the result. On the axis of rotation (X = Y = 0, Z
+    /// 20 rounds did not bring the iteration to a standstill, which can happen by the last bit of
+    /// the arithmetic and then takes nothing from the position. On the axis of rotation (X = Y = 0, Z
     /// not 0) latitude and height are NaN and the result is true.
     bool CartesianToGeodetic(double X, double Y, double Z, double& lat, double& lon, double& h) const;
 
@@ -78,7 +78,7 @@ public:
 private:
     bool LatitudeAndHeight(double p, double Z, double& lat, double& h) const;
     double NearFixedPoint(double b, double K2, double Z) const;
-    bool LatitudeAndHeightAtExtremes(double p, double Z, double& lat, double& h) const;
+    bool PlainLatitudeAndHeight(double p, double Z, double& lat, double& h) const;
 
     static double s_unitFactor;
 };

@@ -320,7 +320,7 @@ std::vector<double> SingularCoordinates()
 std::vector<double> AllCoordinates()
 {
     std::vector<double> values = SingularCoordinates();
-    for (const double v : {1e-150, 1e-99, 1e-50, 1e-12, 1.0, 6356752.3, 6378137.0, 4e7, 1e99, 1e101, 1e150}) {
+    for (const double v : {1e-150, 1e-99, 1e-50, 1e-18, 1e-12, 1e-6, 1.0, 1000.0, 6356752.3, 6378137.0, 4e7, 1e99, 1e101, 1e150}) {
         values.push_back(v);
         values.push_back(-v);
     }
@@ -337,6 +337,7 @@ TEST(Ellipsoid, SingularPositionsGiveWhatThePlainStepsGive)
     const Shape shapes[] = {{6378137.0, 0.00669438}, {6371000.0, 0.0},  {6378137.0, 1.0},        {6378137.0, -0.01},
                             {6378137.0, 0.999999},   {6378137.0, kNaN}, {kInfinity, 0.00669438}, {kNaN, 0.0}};
     const std::vector<double> singular = SingularCoordinates();
+    const auto isSingular = [&](double v) { return std::count(singular.begin(), singular.end(), v) > 0; };
     const std::vector<double> all = AllCoordinates();
     for (const Shape& shape : shapes) {
         const Ellipsoid ellipsoid = Made(shape.a, shape.e2);
@@ -349,13 +350,15 @@ TEST(Ellipsoid, SingularPositionsGiveWhatThePlainStepsGive)
                     return ::testing::Message() << "a " << shape.a << " e2 " << shape.e2 << " x " << x << " z " << z;
                 };
                 EXPECT_TRUE(SameValue(lon, expected.lon)) << where();
-                const bool isSingular = std::count(singular.begin(), singular.end(), x) > 0 ||
-                                        std::count(singular.begin(), singular.end(), z) > 0 ||
-                                        std::isnan(x + z + shape.a + shape.e2) || std::isinf(shape.a);
-                if (isSingular || std::isnan(expected.lat) || std::isnan(expected.h)) {
+                EXPECT_EQ(settled, expected.settled) << where();
+                if (isSingular(x) || isSingular(z) || std::isnan(expected.lat) || std::isnan(expected.h)) {
                     EXPECT_TRUE(SameValue(lat, expected.lat)) << where() << ": " << lat << " " << expected.lat;
                     EXPECT_TRUE(SameValue(h, expected.h)) << where() << ": " << h << " " << expected.h;
-                    EXPECT_EQ(settled, expected.settled) << where();
+                } else if (!std::isinf(expected.h)) {
+                    // An extreme shape or distance multiplies the last bit, here and in the steps.
+                    const bool earthly = shape.e2 < 0.1 && std::abs(x) < 1e8 && std::abs(z) < 1e8;
+                    EXPECT_NEAR(lat, expected.lat, earthly ? 1e-13 : 1e-7) << where();
+                    EXPECT_LE(std::abs(h - expected.h), earthly ? 1e-8 : 1e-6 + 1e-9 * std::abs(h)) << where();
                 }
             }
         }
@@ -446,9 +449,7 @@ TEST(Ellipsoid, IterationGivesWhatThePlainStepsGive)
             }
             EXPECT_LT(worstLat, 1e-13) << e.name << " up to " << range.highest;
             EXPECT_LT(worstH, range.tolerance) << e.name << " up to " << range.highest;
-            // One position in a thousand goes to and fro by the last bit where the plain steps
-            // come to rest.
-            EXPECT_LT(otherResults, kPoints / 500) << e.name << " up to " << range.highest;
+            EXPECT_EQ(otherResults, 0) << e.name << " up to " << range.highest;
         }
     }
 }
