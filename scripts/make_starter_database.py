@@ -6,10 +6,13 @@ code. Transformations are published from the local datum to WGS 84 and stored th
 round: the matrix is inverted exactly and split into the three rotations in the order in which
 the module turns, and the translation makes the centre of the area of use map exactly.
 Deterministic: the same tables give the same bytes.
+
+usage: make_starter_database.py [--check]    --check compares with the committed file
 """
 
 import math
 import pathlib
+import sys
 
 ARC_SECOND = math.pi / 180 / 3600
 
@@ -339,7 +342,7 @@ def main():
         lines += section(f"Dtf-{name}", datum_rows(
             "Bursa/Wolfe(7 Parameters)", datum["ellipsoid"], *inverted(datum), datum["text"]))
     for name, datum in TIME_DEPENDENT.items():
-        rates = ((0.0,) * 3, tuple(v / 1000 for v in datum["rotation_rates_mas"]), 0.0)
+        rates = ((0.0,) * 3, tuple(round(v / 1000, 12) for v in datum["rotation_rates_mas"]), 0.0)
         lines += section(f"Dtf-{name}", datum_rows(
             datum["method"], datum["ellipsoid"], (0.0,) * 3, (0.0,) * 3, 0.0, datum["text"], rates, datum["epoch"]))
     lines += section("Projections section", numbered(PROJECTIONS))
@@ -352,8 +355,13 @@ def main():
     for name, (a, _) in ELLIPSOIDS.items():
         lines += section(f"Elp-{name}", [("SemiMajor", a), ("EccSqrd", ecc_squared(name))])
     lines += section("Units section", [(name, f"{text(factor)},{suffix}") for name, (factor, suffix) in UNITS.items()])
+    made = ("\n".join(lines).rstrip("\n") + "\n").encode("utf-8")
     target = pathlib.Path(__file__).resolve().parent.parent / "data" / "zorgeodatabase.geo"
-    target.write_text("\n".join(lines).rstrip("\n") + "\n", encoding="utf-8", newline="\n")
+    if "--check" in sys.argv:
+        if target.read_bytes() != made:
+            sys.exit(f"{target.name} is not what this script makes: run it without --check, and commit the result")
+        return
+    target.write_bytes(made)
 
 
 if __name__ == "__main__":
