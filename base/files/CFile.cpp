@@ -11,7 +11,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr fs::perms kWriteBits = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+// The read-only attribute is the lack of this one bit: the owner is who cannot write then, and the
+// bits of the others are as they were when the attribute has come and gone.
+constexpr fs::perms kWriteBit = fs::perms::owner_write;
 
 bool HasZero(const CString& path)
 {
@@ -83,7 +85,7 @@ bool CFile::GetStatus(const CString& file, CFileStatus& status)
     status.fullName = platform::TextOf(full);
     status.size = size;
     status.modified = MillisecondsSince1970(time);
-    status.attribute = (found.permissions() & kWriteBits) == fs::perms::none ? CFileStatus::readOnly : 0;
+    status.attribute = (found.permissions() & kWriteBit) == fs::perms::none ? CFileStatus::readOnly : 0;
     return true;
 }
 
@@ -98,8 +100,8 @@ void CFile::SetStatus(const CString& file, const CFileStatus& status)
         return;
     }
     std::error_code error;
-    fs::permissions(platform::NativePath(file), readOnly ? kWriteBits : fs::perms::owner_write,
-                    readOnly ? fs::perm_options::remove : fs::perm_options::add, error);
+    fs::permissions(platform::NativePath(file), kWriteBit, readOnly ? fs::perm_options::remove : fs::perm_options::add,
+                    error);
     if (error) {
         throw CFileException(file, readOnly ? L"the read-only attribute cannot be set"
                                             : L"the read-only attribute cannot be cleared");

@@ -12,7 +12,7 @@ struct CFileStatus {
     CString fullName;
     unsigned long long size = 0;
     double modified = 0.0;  ///< milliseconds since 1970
-    unsigned attribute = 0; ///< bit `readOnly`
+    unsigned attribute = 0; ///< bit `readOnly`; on POSIX set when the owner may not write
 };
 
 /// Raised by CFile::SetStatus.
@@ -32,8 +32,8 @@ class ZORBASE_API CFile {
 public:
     /// False, output untouched, when there is no such file.
     static bool GetStatus(const CString& file, CFileStatus& status);
-    /// Sets the read-only attribute (on POSIX: takes the write bits away, or gives the owner's
-    /// back). Throws CFileException when that fails.
+    /// Sets the read-only attribute (on POSIX: takes the owner's write bit away, or gives it
+    /// back; the other bits stay). Throws CFileException when that fails.
     static void SetStatus(const CString& file, const CFileStatus& status);
     /// Names of the directories, and of the files, directly in `directory`, in the order of
     /// their names. False when it cannot be listed.

@@ -12,9 +12,9 @@
 #include "base/files/SectionContents.h"
 #include "base/files/SectionFileStore.h"
 #include "base/files/SplitPath.h"
+#include "base/files/WellFormed.h"
 #include "base/platform/Platform.h"
 #include "base/text/Numbers.h"
-#include "base/text/Utf8.h"
 
 namespace {
 
@@ -50,18 +50,6 @@ bool FromText(std::string_view text, Number& value)
     return numbers::Read(text, value);
 }
 
-bool IsUtf8(std::string_view text)
-{
-    for (std::size_t position = utf8::AsciiRun(text); position < text.size();) {
-        const std::size_t begin = position;
-        if (utf8::Next(text, position) == unicode::kReplacementCharacter &&
-            text.substr(begin, position - begin) != "\xEF\xBF\xBD") {
-            return false;
-        }
-    }
-    return true;
-}
-
 // Absolute, so that a later change of the working directory does not lead a save elsewhere.
 CString FullName(const CString& path)
 {
@@ -81,15 +69,18 @@ struct FileObject::Impl {
     FileErrorCode error = FileErrorCode::none;
     CString errorText;
     int errorLine = 0;
+    // The file that the last FileOpen could not read, unless for what stands in it.
+    CString unread;
 
     template <typename Value>
     bool Get(const CString& section, const CString& key, Value& value) const;
     bool Set(const CString& section, const CString& key, std::string_view value, bool create);
+    bool SetWide(const CString& section, const CString& key, const CString& value, bool create);
     template <typename Integer>
     bool SetInteger(const CString& section, const CString& key, Integer value, bool create);
 
     const StoredText* Find(const CString& section, const CString& key) const;
-    std::size_t FindSection(const CString& section) const { return contents->Find(Utf8(section)); }
+    std::size_t FindSection(const CString& section) const;
     CString Missed(const CString& section, const CString& key, const StoredText* text) const;
 
     bool Succeed();
@@ -97,10 +88,17 @@ struct FileObject::Impl {
     bool CheckName(const CString& path, FileErrorCode code);
 };
 
+// An ill-formed name would be found under the one that the conversion makes of it.
+std::size_t FileObject::Impl::FindSection(const CString& section) const
+{
+    return IsWellFormed(section.View()) ? contents->Find(Utf8(section)) : SectionContents::kNone;
+}
+
 const StoredText* FileObject::Impl::Find(const CString& section, const CString& key) const
 {
     const std::size_t position = FindSection(section);
-    return position == SectionContents::kNone ? nullptr : contents->FindIn(position, Utf8(key));
+    return position == SectionContents::kNone || !IsWellFormed(key.View()) ? nullptr
+                                                                           : contents->FindIn(position, Utf8(key));
 }
 
 template <typename Value>
@@ -137,11 +135,17 @@ bool FileObject::Impl::Set(const CString& section, const CString& key, std::stri
     }
     const std::string sectionText = section.ToUtf8();
     const std::string keyText = key.ToUtf8();
-    if (!IsUtf8(value) || sectionText.size() + keyText.size() + value.size() > kMaxSectionFile) {
+    if (!IsWellFormed(value) || !IsWellFormed(section.View()) || !IsWellFormed(key.View()) ||
+        sectionText.size() + keyText.size() + value.size() > kMaxSectionFile) {
         return false;
     }
     contents.Change().Set(sectionText, keyText, value);
     return true;
+}
+
+bool FileObject::Impl::SetWide(const CString& section, const CString& key, const CString& value, bool create)
+{
+    return IsWellFormed(value.View()) && Set(section, key, value.ToUtf8(), create);
 }
 
 template <typename Integer>
@@ -268,12 +272,12 @@ bool FileObject::SetItem(const CString& section, const CString& key, const char*
 
 bool FileObject::SetItem(const CString& section, const CString& key, const CString& value, bool create)
 {
-    return m_impl->Set(section, key, value.ToUtf8(), create);
+    return m_impl->SetWide(section, key, value, create);
 }
 
 bool FileObject::SetItem(const CString& section, const CString& key, const wchar_t* value, bool create)
 {
-    return m_impl->Set(section, key, CString(value).ToUtf8(), create);
+    return m_impl->SetWide(section, key, value, create);
 }
 
 bool FileObject::SetItem(const CString& section, const CString& key, unsigned long value, bool create)
@@ -354,9 +358,15 @@ bool FileObject::FileOpen(const CString& path, unsigned mode)
     }
     const CString name = FullName(path);
     const bool denyWrite = (mode & (FileMode::shareDenyWrite | FileMode::shareExclusive)) != 0;
+    // What was missing or in use a moment ago and has contents now is somebody's work, not in the way.
+    const bool setAside = m_impl->unread != name;
+    m_impl->unread.Empty();
     SectionFileFailure failure;
-    if (create ? !section_files::Store(name, m_impl->contents, true, failure)
+    if (create ? !section_files::Create(name, setAside, failure)
                : !section_files::Load(name, denyWrite, m_impl->contents, failure)) {
+        if (!create && failure.code != FileErrorCode::malformed) {
+            m_impl->unread = name;
+        }
         return m_impl->Fail(name, failure);
     }
     m_impl->name = name;
@@ -432,6 +442,9 @@ bool FileObject::CreateSection(const CString& section, bool keepExisting)
 {
     if (HasSection(section)) {
         return keepExisting;
+    }
+    if (!IsWellFormed(section.View())) {
+        return false;
     }
     m_impl->contents.Change().Add({StoredText::CopyOf(section.ToUtf8()), {}});
     return true;

@@ -44,7 +44,8 @@ public:
     /// Writes a value in memory and creates the section and the key when they are missing. With
     /// `create` false a missing section or key is left missing and the result is false.
     /// Doubles are written as the shortest text that reads back to the same bits. Narrow text is
-    /// UTF-8; with text that is not, the result is false and nothing changes.
+    /// UTF-8, wide text has its surrogates in pairs; with text that has not, the result is false
+    /// and nothing changes.
     virtual bool SetItem(const CString& section, const CString& key, const std::string& value, bool create);
     virtual bool SetItem(const CString& section, const CString& key, const CStringA& value, bool create);
     virtual bool SetItem(const CString& section, const CString& key, const char* value, bool create);
@@ -69,10 +70,16 @@ protected:
     virtual bool AfterFileOpen();
 
 public:
-    /// Opens a file. With FileMode::create (4097) a new, empty file takes the place of what
-    /// there was; else (32) the file is read whole. False when it does not exist, cannot be
-    /// read, is no section file, or, with shareDenyWrite, while another process holds it for
-    /// exclusive writing; the object is then closed and GetErrorText tells why.
+    /// Opens a file. Without FileMode::create (32) the file is read whole. False when it does not
+    /// exist, cannot be read, is no section file, or, with shareDenyWrite, while another process
+    /// holds it for exclusive writing and does not let go within a quarter of a second; the
+    /// object is then closed and GetErrorText tells why.
+    /// With FileMode::create (4097) a new, empty file takes the place of what there was. Contents
+    /// are set aside, never given up: they stand in the same directory under the name with
+    /// ".old-1" behind it, or the next free number. False when that fails or another process
+    /// holds the file. False too, with the contents left where they are, when this object's last
+    /// FileOpen could not read the same file for another reason than what stands in it: who opens
+    /// and on failure creates is then no danger to a file that was in use or just came to be.
     /// The file's handle is given back before the call returns. An open object is closed first.
     bool FileOpen(const CString& path, unsigned mode);
     /// Writes the contents; an empty path means the file's own name. Atomic: after a failure or
@@ -95,7 +102,8 @@ public:
     bool HasSection(const CString& section) const;
     bool HasKey(const CString& section, const CString& key) const;
     /// Creates an empty section at the end. When it exists: with `keepExisting` true the result
-    /// is true and it stays as it is, with false the result is false.
+    /// is true and it stays as it is, with false the result is false. False for an unpaired
+    /// surrogate.
     bool CreateSection(const CString& section, bool keepExisting);
     /// False when there is no such section.
     bool DeleteSection(const CString& section);

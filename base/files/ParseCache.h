@@ -26,10 +26,10 @@ class ParseCache {
 public:
     static ParseCache& Get();
 
-    std::optional<ParsedFile> Find(const CString& name) const;
-    /// Keeps `file` under `name` in place of what stood there. The files that were kept longest
-    /// ago go when there are more than kFiles or more than kBytes of text.
-    void Keep(const CString& name, ParsedFile file);
+    std::optional<ParsedFile> Find(const CString& name);
+    /// Keeps `file` under `name` in place of what stood there. The files that were kept or
+    /// found longest ago go when there are more than kFiles or more than kBytes of text.
+    void Keep(const CString& name, ParsedFile file) noexcept;
 
 private:
     static constexpr std::size_t kFiles = 16;
@@ -42,6 +42,6 @@ private:
     void Drop(const CString& name, std::vector<Entry>& dropped);
     std::size_t Bytes() const;
 
-    mutable std::mutex m_mutex;
-    std::vector<Entry> m_entries; // the latest at the end
+    std::mutex m_mutex;
+    std::vector<Entry> m_entries; // the one used last at the end
 };

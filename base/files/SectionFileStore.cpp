@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <exception>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <shared_mutex>
 #include <string>
@@ -45,6 +47,19 @@ bool Refuse(FileErrorCode code, const CString& reason, SectionFileFailure& failu
     failure.code = code;
     failure.reason = reason;
     return false;
+}
+
+// The result of `action`; false with `code` when it throws.
+template <typename Action>
+bool Guarded(FileErrorCode code, SectionFileFailure& failure, const Action& action)
+{
+    try {
+        return action();
+    } catch (const std::bad_alloc&) {
+        return Refuse(code, L"out of memory", failure);
+    } catch (const std::exception&) { // such as the source of random names that is not there
+        return Refuse(code, L"the system refused a resource", failure);
+    }
 }
 
 /// One reading of one file.
@@ -152,9 +167,7 @@ bool Reading::Parse(CopyOnWrite<SectionContents>& contents)
     return true;
 }
 
-} // namespace
-
-bool Load(const CString& name, bool denyWrite, CopyOnWrite<SectionContents>& contents, SectionFileFailure& failure)
+bool Read(const CString& name, bool denyWrite, CopyOnWrite<SectionContents>& contents, SectionFileFailure& failure)
 {
     const std::shared_lock noSave(SaveMutex());
     for (int i = 0; i < kAttempts; ++i) {
@@ -175,7 +188,7 @@ bool Load(const CString& name, bool denyWrite, CopyOnWrite<SectionContents>& con
     return Refuse(FileErrorCode::inUse, L"it changes while it is read", failure);
 }
 
-bool Store(const CString& name, const CopyOnWrite<SectionContents>& contents, bool exclusive,
+bool Write(const CString& name, const CopyOnWrite<SectionContents>& contents, bool exclusive,
            SectionFileFailure& failure)
 {
     const auto text = std::make_shared<const std::string>(WriteSections(*contents));
@@ -191,6 +204,27 @@ bool Store(const CString& name, const CopyOnWrite<SectionContents>& contents, bo
     identity.size = text->size();
     ParseCache::Get().Keep(name, {identity, false, text, contents});
     return true;
+}
+
+} // namespace
+
+bool Load(const CString& name, bool denyWrite, CopyOnWrite<SectionContents>& contents, SectionFileFailure& failure)
+{
+    return Guarded(FileErrorCode::notReadable, failure, [&] { return Read(name, denyWrite, contents, failure); });
+}
+
+bool Store(const CString& name, const CopyOnWrite<SectionContents>& contents, bool exclusive,
+           SectionFileFailure& failure)
+{
+    return Guarded(FileErrorCode::notWritable, failure, [&] { return Write(name, contents, exclusive, failure); });
+}
+
+bool Create(const CString& name, bool setAside, SectionFileFailure& failure)
+{
+    return Guarded(FileErrorCode::notWritable, failure, [&] {
+        const std::unique_lock alone(SaveMutex());
+        return platform::CreateEmpty(name, setAside, failure);
+    });
 }
 
 } // namespace section_files

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "base/files/WellFormed.h"
 #include "base/text/CodePoints.h"
 #include "base/text/Utf8.h"
 
@@ -67,7 +68,8 @@ bool SectionReader::Read(SectionContents& contents, TextFault& fault)
     while (!rest.empty()) {
         const std::size_t end = rest.find('\n');
         std::string_view line = rest.substr(0, end);
-        if (end != rest.npos && line.ends_with('\r')) {
+        // Also of a last line that has lost its LF alone, as in a file that was cut there.
+        if (line.ends_with('\r')) {
             line.remove_suffix(1);
         }
         rest.remove_prefix(end == rest.npos ? rest.size() : end + 1);
@@ -144,15 +146,14 @@ bool SectionReader::ReadEntry(std::string_view line)
 bool SectionReader::CheckCharacters(std::string_view line)
 {
     for (std::size_t position = PlainRun(line); position < line.size(); position += PlainRun(line.substr(position))) {
-        const std::size_t begin = position;
-        const char32_t code = utf8::Next(line, position);
+        char32_t code = 0;
+        if (!NextWellFormed(line, position, code)) {
+            return Fail(L"the text is not UTF-8");
+        }
         if (code < 0x20 && code != U'\t') {
             CString reason;
             reason.Format(L"control character U+%04X", static_cast<unsigned>(code));
             return Fail(reason);
-        }
-        if (code == unicode::kReplacementCharacter && line.substr(begin, position - begin) != "\xEF\xBF\xBD") {
-            return Fail(L"the text is not UTF-8");
         }
     }
     return true;

@@ -13,8 +13,8 @@ class ZorGeoCoordSysBase;
 /// Latitudes and longitudes are decimal degrees; easting, northing, heights and grid corrections
 /// are in the unit of the caller's grid. An operation that a model does not have, or cannot
 /// answer at a place, returns false with its outputs untouched; callers go on as if there were
-/// no model. The Cal operations are const, allocate nothing on success and may be called from
-/// several threads at once.
+/// no model. The Cal operations are const, allocate nothing, whether they answer or refuse (but
+/// for the text of a `message`), and may be called from several threads at once.
 /// The order of the virtual operations is part of the interface.
 class ZORBASE_API GeoidModel {
 public:

@@ -52,8 +52,9 @@ public:
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
 
-    /// With `denyWrite` refused (inUse) while another process holds the file for exclusive
-    /// writing, and no process can take it for that until this object is destroyed.
+    /// With `denyWrite` a process that holds the file for exclusive writing is waited for, for a
+    /// quarter of a second, and refused (inUse) when it stays; then no process can take the file
+    /// for that until this object is destroyed.
     bool Open(const CString& path, bool denyWrite, FileFailure& failure);
     bool Identify(FileIdentity& identity, FileFailure& failure) const;
     /// Reads up to `capacity` bytes that begin at `offset`; `count` is 0 at the file's end.
@@ -74,5 +75,13 @@ private:
 /// flush of the directory fails, which comes last, the new contents stand and may be lost with
 /// the power.
 bool ReplaceContents(const CString& path, std::string_view contents, bool exclusive, FileFailure& failure);
+
+/// Makes an empty file `path`, or the target of a symbolic link there. A missing file is made so
+/// that only one process can be the one that makes it, and an empty one stays. Contents are never
+/// given up: with `setAside` they get the first free name of base/files/OldName.h in the same
+/// directory; without it the result is false (inUse).
+/// False, with the old file untouched under its name alone, as ReplaceContents, and inUse without
+/// waiting while another process holds the file.
+bool CreateEmpty(const CString& path, bool setAside, FileFailure& failure);
 
 } // namespace platform

@@ -6,25 +6,20 @@
 
 #include "base/files/SplitPath.h"
 #include "base/platform/Directories.h"
+#include "base/platform/Platform.h"
 
 namespace {
-
-CString TextOf(const std::filesystem::path& path)
-{
-    const std::u8string utf8 = path.u8string();
-    return CString::FromUtf8(std::string(utf8.begin(), utf8.end()));
-}
 
 CString CurrentDirectory()
 {
     std::error_code error;
-    return TextOf(std::filesystem::current_path(error));
+    return platform::TextOf(std::filesystem::current_path(error));
 }
 
 CString TemporaryDirectory()
 {
     std::error_code error;
-    return TextOf(std::filesystem::temp_directory_path(error));
+    return platform::TextOf(std::filesystem::temp_directory_path(error));
 }
 
 struct Default {

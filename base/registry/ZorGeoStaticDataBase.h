@@ -28,8 +28,7 @@ public:
     virtual int CheckSystemIsEqual(ZorGeoDatabaseBase* database) = 0;
     virtual int CheckDtfIsEqual(ZorGeoDatabaseBase* database) = 0;
     virtual int CheckProjectionIsEqual(ZorGeoDatabaseBase* database) = 0;
-    virtual void GetSelPrjMdResults(int type, CStringArray& names, CArray<UINT, UINT>& numbers, CStringArray& keys) =
-                                    0;
+    virtual void GetSelPrjMdResults(int type, CStringArray& names, CArray<UINT, UINT>& numbers, CStringArray& keys) = 0;
     virtual void SetSysNameAndKey(CString name, CString key) = 0;
     virtual void SetGroupNameAndKey(CString name, CString key) = 0;
     virtual void SetDttransNameAndKey(CString name, CString key) = 0;
@@ -40,14 +39,14 @@ public:
     virtual void SetDtTransferMdName(CString name, int type) = 0;
     virtual void SetUnitParams(double cnv, short type, CString descp) = 0;
     virtual void SetUnitCnvValue(double cnv) = 0;
-    virtual void SetDtTransferParams(double shiftX, double shiftY, double shiftZ, double rotX, double rotY, double
-                                     rotZ, double scale, double rateShiftX, double rateShiftY, double rateShiftZ,
-                                     double rateRotX, double rateRotY, double rateRotZ, double rateScale, double
-                                     epoch, bool fixedHeight, double fixedHeightFwd, double fixedHeightRev) = 0;
-    virtual void SetPrjParams(CArray<double, double>& values, CStringArray& names, CStringArray& texts, CArray<UINT,
-                              UINT>& kinds) = 0;
-    virtual void SetElpsoidParams(double semiMajor, double semiMinor, double ecc, double eccSqrd, double flat, double
-                                  invFlat) = 0;
+    virtual void SetDtTransferParams(double shiftX, double shiftY, double shiftZ, double rotX, double rotY, double rotZ,
+                                     double scale, double rateShiftX, double rateShiftY, double rateShiftZ,
+                                     double rateRotX, double rateRotY, double rateRotZ, double rateScale, double epoch,
+                                     bool fixedHeight, double fixedHeightFwd, double fixedHeightRev) = 0;
+    virtual void SetPrjParams(CArray<double, double>& values, CStringArray& names, CStringArray& texts,
+                              CArray<UINT, UINT>& kinds) = 0;
+    virtual void SetElpsoidParams(double semiMajor, double semiMinor, double ecc, double eccSqrd, double flat,
+                                  double invFlat) = 0;
     virtual void SetSrcElpsoidParams(double semiMajor, double ecc) = 0;
     virtual void SetGeoModelParams(long type, CString method, CString grid) = 0;
     virtual CString GetGroupName() = 0;

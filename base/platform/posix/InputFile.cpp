@@ -5,6 +5,7 @@
 #include "base/files/FileMode.h"
 #include "base/platform/Platform.h"
 #include "base/platform/posix/Descriptor.h"
+#include "base/platform/posix/FileLock.h"
 #include "base/platform/posix/SystemError.h"
 
 namespace platform {
@@ -35,14 +36,16 @@ bool RequireRegularFile(int file, FileFailure& failure)
     return S_ISREG(status.st_mode);
 }
 
-// A file system without locks has nobody who could hold one.
-bool LockForReading(int file, FileFailure& failure)
+bool OpenRegularFile(const std::filesystem::path& path, Descriptor& file, FileFailure& failure)
 {
-    if (Restarted([file] { return flock(file, LOCK_SH | LOCK_NB); }) != 0 && errno == EWOULDBLOCK) {
-        failure = {FileErrorCode::inUse, L"another process is writing it"};
-        return false;
+    // Without O_NONBLOCK a pipe would hold the caller until somebody writes into it.
+    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+
+    file = Descriptor(Restarted([&] { return open(path.c_str(), flags); }));
+    if (!file.IsOpen()) {
+        return FailBySystem(IsMissing(errno) ? FileErrorCode::notFound : FileErrorCode::notReadable, failure);
     }
-    return true;
+    return RequireRegularFile(file.Get(), failure);
 }
 
 } // namespace
@@ -54,17 +57,19 @@ InputFile::~InputFile()
 
 bool InputFile::Open(const CString& path, bool denyWrite, FileFailure& failure)
 {
-    // Without O_NONBLOCK a pipe would hold the caller until somebody writes into it.
-    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-
     const std::filesystem::path native = NativePath(path);
-    Descriptor file(Restarted([&] { return open(native.c_str(), flags); }));
-    if (!file.IsOpen()) {
-        return FailBySystem(IsMissing(errno) ? FileErrorCode::notFound : FileErrorCode::notReadable, failure);
-    }
-    if (!RequireRegularFile(file.Get(), failure) || (denyWrite && !LockForReading(file.Get(), failure))) {
-        return false;
-    }
+    const Moment end = EndOfPatience();
+    Descriptor file;
+    do {
+        if (!OpenRegularFile(native, file, failure)) {
+            return false;
+        }
+        if (denyWrite && !TakeLock(file.Get(), LOCK_SH, end)) {
+            failure = {FileErrorCode::inUse, L"another process is writing it"};
+            return false;
+        }
+        // When others save all the time, what stood there a moment ago is whole as well.
+    } while (denyWrite && !LeadsTo(native, file.Get()) && std::chrono::steady_clock::now() < end);
     const Descriptor previous(static_cast<int>(m_handle));
     m_handle = file.Release();
     return true;

@@ -2,15 +2,15 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <thread>
 
 #include "base/files/FileMode.h"
+#include "base/files/FollowLinks.h"
+#include "base/files/OldName.h"
 #include "base/files/TemporaryName.h"
 #include "base/platform/Platform.h"
 #include "base/platform/posix/Descriptor.h"
+#include "base/platform/posix/FileLock.h"
 #include "base/platform/posix/SystemError.h"
 
 namespace platform {
@@ -19,14 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMaxLinks = 40; // as the kernel follows
 constexpr int kNameAttempts = 8;
-// A reader holds the file for the moment of its reading; a writer waits that long for it.
-constexpr std::chrono::milliseconds kPatience{250};
-constexpr std::chrono::milliseconds kPause{2};
-
 constexpr mode_t kRights = 07777;
-constexpr mode_t kWriteBits = 0222;
 
 bool Refuse(const wchar_t* reason, FileFailure& failure)
 {
@@ -46,16 +40,19 @@ public:
     Replacement(const CString& path, FileFailure& failure) : m_target(NativePath(path)), m_failure(failure) {}
     ~Replacement()
     {
-        if (!m_temporary.empty()) {
-            unlink(m_temporary.c_str());
+        for (const fs::path* added : {&m_temporary, &m_aside}) {
+            if (!added->empty()) {
+                unlink(added->c_str());
+            }
         }
     }
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
 
-    bool FollowLinks();
-    bool TakeOldFile(bool exclusive);
+    bool FollowLinks() { return ::FollowLinks(m_target, m_failure); }
+    bool TakeOldFile(bool exclusive, Moment end);
     bool OpenDirectory();
+    bool MakeEmpty(bool setAside);
     bool CreateTemporary();
     bool KeepOwnerAndRights();
     bool Write(std::string_view contents);
@@ -64,38 +61,22 @@ public:
 
 private:
     bool CheckOldFile();
-    bool Lock();
-    bool IsStillInPlace() const;
+    bool CreateTarget();
+    bool ReplaceOldFile(bool setAside);
+    bool SetAside();
 
     fs::path m_target;
     FileFailure& m_failure;
     Descriptor m_old; // closed when the file is new
     struct stat m_oldStatus = {};
     Descriptor m_directory;
-    fs::path m_temporary; // empty when there is none
+    // Names to take away again, empty when there is none.
+    fs::path m_temporary;
+    fs::path m_aside; // the second one of the old file
     Descriptor m_file;
 };
 
-// The last part of the path alone: links before it lead to the same directory anyway.
-bool Replacement::FollowLinks()
-{
-    for (int i = 0; i < kMaxLinks; ++i) {
-        std::error_code error;
-        if (!fs::is_symlink(fs::symlink_status(m_target, error))) {
-            return true;
-        }
-        const fs::path link = fs::read_symlink(m_target, error);
-        if (error) {
-            errno = error.value();
-            return RefuseBySystem(m_failure);
-        }
-        m_target = m_target.parent_path() / link;
-    }
-    errno = ELOOP;
-    return RefuseBySystem(m_failure);
-}
-
-bool Replacement::TakeOldFile(bool exclusive)
+bool Replacement::TakeOldFile(bool exclusive, Moment end)
 {
     do {
         m_old = Descriptor(
@@ -103,11 +84,14 @@ bool Replacement::TakeOldFile(bool exclusive)
         if (!m_old.IsOpen()) {
             return errno == ENOENT || RefuseBySystem(m_failure);
         }
-        if (!CheckOldFile() || (exclusive && !Lock())) {
+        if (!CheckOldFile()) {
             return false;
         }
-        // The holder that was waited for has put another file in the place of this one.
-    } while (exclusive && !IsStillInPlace());
+        if (exclusive && !TakeLock(m_old.Get(), LOCK_EX, end)) {
+            m_failure = {FileErrorCode::inUse, L"another process is using it"};
+            return false;
+        }
+    } while (exclusive && !LeadsTo(m_target, m_old.Get()));
     return true;
 }
 
@@ -120,31 +104,10 @@ bool Replacement::CheckOldFile()
         return Refuse(L"it is no regular file", m_failure);
     }
     // The superuser could write it nevertheless, but the attribute has been set on purpose.
-    if ((m_oldStatus.st_mode & kWriteBits) == 0) {
+    if ((m_oldStatus.st_mode & S_IWUSR) == 0) {
         return Refuse(L"the file is read-only", m_failure);
     }
     return true;
-}
-
-// A file system without locks has nobody who could hold one.
-bool Replacement::Lock()
-{
-    const auto end = std::chrono::steady_clock::now() + kPatience;
-    while (Restarted([this] { return flock(m_old.Get(), LOCK_EX | LOCK_NB); }) != 0 && errno == EWOULDBLOCK) {
-        if (std::chrono::steady_clock::now() >= end) {
-            m_failure = {FileErrorCode::inUse, L"another process is using it"};
-            return false;
-        }
-        std::this_thread::sleep_for(kPause);
-    }
-    return true;
-}
-
-bool Replacement::IsStillInPlace() const
-{
-    struct stat present = {};
-    return stat(m_target.c_str(), &present) == 0 && present.st_dev == m_oldStatus.st_dev &&
-           present.st_ino == m_oldStatus.st_ino;
 }
 
 bool Replacement::OpenDirectory()
@@ -208,6 +171,7 @@ bool Replacement::Rename()
         return RefuseBySystem(m_failure);
     }
     m_temporary.clear();
+    m_aside.clear();
     return true;
 }
 
@@ -217,14 +181,78 @@ bool Replacement::FlushDirectory()
     return Restarted([this] { return fsync(m_directory.Get()); }) == 0 || errno == EINVAL || RefuseBySystem(m_failure);
 }
 
+bool Replacement::MakeEmpty(bool setAside)
+{
+    for (int i = 0; i < kNameAttempts; ++i) {
+        if (CreateTarget()) {
+            return Write({}) && FlushDirectory();
+        }
+        if (errno != EEXIST) {
+            break;
+        }
+        if (!TakeOldFile(true, Moment())) {
+            return false;
+        }
+        if (m_old.IsOpen()) { // else it has gone between the two looks
+            return ReplaceOldFile(setAside);
+        }
+    }
+    return RefuseBySystem(m_failure);
+}
+
+bool Replacement::CreateTarget()
+{
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+
+    m_file = Descriptor(Restarted([this] { return open(m_target.c_str(), flags, 0666); }));
+    return m_file.IsOpen();
+}
+
+bool Replacement::ReplaceOldFile(bool setAside)
+{
+    struct stat status = {}; // now that nobody else writes it
+    if (fstat(m_old.Get(), &status) != 0) {
+        return RefuseBySystem(m_failure);
+    }
+    if (status.st_size == 0) {
+        return true;
+    }
+    if (!setAside) {
+        m_failure = {FileErrorCode::inUse, L"it has contents that could not be read just now"};
+        return false;
+    }
+    return SetAside() && CreateTemporary() && KeepOwnerAndRights() && Write({}) && Rename() && FlushDirectory();
+}
+
+bool Replacement::SetAside()
+{
+    for (int number = 1; number <= kOldNames; ++number) {
+        const fs::path name = OldName(m_target, number);
+        if (link(m_target.c_str(), name.c_str()) == 0) {
+            m_aside = name;
+            return true;
+        }
+        if (errno != EEXIST) {
+            return RefuseBySystem(m_failure);
+        }
+    }
+    return Refuse(L"too many older files stand beside it", m_failure);
+}
+
 } // namespace
 
 bool ReplaceContents(const CString& path, std::string_view contents, bool exclusive, FileFailure& failure)
 {
     Replacement replacement(path, failure);
-    return replacement.FollowLinks() && replacement.TakeOldFile(exclusive) && replacement.OpenDirectory() &&
-           replacement.CreateTemporary() && replacement.KeepOwnerAndRights() && replacement.Write(contents) &&
-           replacement.Rename() && replacement.FlushDirectory();
+    return replacement.FollowLinks() && replacement.TakeOldFile(exclusive, EndOfPatience()) &&
+           replacement.OpenDirectory() && replacement.CreateTemporary() && replacement.KeepOwnerAndRights() &&
+           replacement.Write(contents) && replacement.Rename() && replacement.FlushDirectory();
+}
+
+bool CreateEmpty(const CString& path, bool setAside, FileFailure& failure)
+{
+    Replacement creation(path, failure);
+    return creation.FollowLinks() && creation.OpenDirectory() && creation.MakeEmpty(setAside);
 }
 
 } // namespace platform

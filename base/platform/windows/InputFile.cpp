@@ -4,7 +4,7 @@
 #include "base/platform/Platform.h"
 #include "base/platform/windows/SystemError.h"
 
-#include "base/platform/windows/Handle.h"
+#include "base/platform/windows/Patience.h"
 
 namespace platform {
 
@@ -62,9 +62,13 @@ bool InputFile::Open(const CString& path, bool denyWrite, FileFailure& failure)
         failure = {FileErrorCode::notReadable, L"it is a directory"};
         return false;
     }
-    Handle file(
-        CreateFileW(native.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsOpen()) {
+    Handle file;
+    const auto open = [&] {
+        file = Handle(
+            CreateFileW(native.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        return file.IsOpen();
+    };
+    if (!Patiently(open, IsHeldByAnother)) {
         return FailBySystem(CodeOf(GetLastError()), failure);
     }
     if (GetFileType(file.Get()) != FILE_TYPE_DISK) {

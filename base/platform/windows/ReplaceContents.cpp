@@ -1,11 +1,13 @@
 #include <algorithm>
 
 #include "base/files/FileMode.h"
+#include "base/files/FollowLinks.h"
+#include "base/files/OldName.h"
 #include "base/files/TemporaryName.h"
 #include "base/platform/Platform.h"
 #include "base/platform/windows/SystemError.h"
 
-#include "base/platform/windows/Handle.h"
+#include "base/platform/windows/Patience.h"
 
 namespace platform {
 
@@ -13,11 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMaxLinks = 40;
 constexpr int kNameAttempts = 8;
-// A reader holds the file for the moment of its reading; a writer waits that long for it.
-constexpr ULONGLONG kPatience = 250; // milliseconds
-constexpr DWORD kPause = 5;          // milliseconds
 
 bool Refuse(const wchar_t* reason, FileFailure& failure)
 {
@@ -25,30 +23,14 @@ bool Refuse(const wchar_t* reason, FileFailure& failure)
     return false;
 }
 
-bool IsHeldByAnother(DWORD error)
+bool IsTaken(DWORD error)
 {
-    return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
+    return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
 }
 
 bool RefuseBySystem(FileFailure& failure)
 {
     return FailBySystem(IsHeldByAnother(GetLastError()) ? FileErrorCode::inUse : FileErrorCode::notWritable, failure);
-}
-
-// Tries again while somebody else holds the file; `attempt` is a call that sets GetLastError.
-template <typename Attempt, typename Passing>
-bool Patiently(const Attempt& attempt, const Passing& isPassing)
-{
-    const ULONGLONG end = GetTickCount64() + kPatience;
-    while (!attempt()) {
-        const DWORD error = GetLastError();
-        if (!isPassing(error) || GetTickCount64() >= end) {
-            SetLastError(error);
-            return false;
-        }
-        Sleep(kPause);
-    }
-    return true;
 }
 
 /// One replacement of a file's contents. Each step is false, with the reason told, when it
@@ -62,44 +44,36 @@ public:
         if (!m_temporary.empty()) {
             DeleteFileW(m_temporary.c_str());
         }
+        if (!m_aside.empty()) {
+            MoveFileExW(m_aside.c_str(), m_target.c_str(), MOVEFILE_WRITE_THROUGH);
+        }
     }
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
 
-    bool FollowLinks();
-    bool TakeOldFile(bool exclusive);
+    bool FollowLinks() { return ::FollowLinks(m_target, m_failure); }
+    bool TakeOldFile(bool exclusive, ULONGLONG patience);
     bool CreateTemporary();
     bool Write(std::string_view contents);
     bool Rename();
+    bool MakeEmpty(bool setAside);
 
 private:
+    bool CreateTarget();
+    bool ReplaceOldFile(bool setAside);
+    bool SetAside();
+
     fs::path m_target;
     FileFailure& m_failure;
     DWORD m_attributes = FILE_ATTRIBUTE_NORMAL;
     bool m_isNew = true;
     Handle m_old;
     fs::path m_temporary; // empty when there is none
+    fs::path m_aside;     // where the old file stands until the new one is there
     Handle m_file;
 };
 
-// The last part of the path alone: links before it lead to the same directory anyway.
-bool Replacement::FollowLinks()
-{
-    for (int i = 0; i < kMaxLinks; ++i) {
-        std::error_code error;
-        if (!fs::is_symlink(fs::symlink_status(m_target, error))) {
-            return true;
-        }
-        const fs::path link = fs::read_symlink(m_target, error);
-        if (error) {
-            return Refuse(L"the symbolic link cannot be followed", m_failure);
-        }
-        m_target = m_target.parent_path() / link;
-    }
-    return Refuse(L"too many symbolic links", m_failure);
-}
-
-bool Replacement::TakeOldFile(bool exclusive)
+bool Replacement::TakeOldFile(bool exclusive, ULONGLONG patience)
 {
     const DWORD attributes = GetFileAttributesW(m_target.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
@@ -119,7 +93,7 @@ bool Replacement::TakeOldFile(bool exclusive)
                                    FILE_ATTRIBUTE_NORMAL, nullptr));
         return m_old.IsOpen();
     };
-    return Patiently(take, IsHeldByAnother) || RefuseBySystem(m_failure);
+    return Patiently(take, IsHeldByAnother, patience) || RefuseBySystem(m_failure);
 }
 
 bool Replacement::CreateTemporary()
@@ -173,13 +147,83 @@ bool Replacement::Rename()
     return true;
 }
 
+bool Replacement::MakeEmpty(bool setAside)
+{
+    for (int i = 0; i < kNameAttempts; ++i) {
+        if (CreateTarget()) {
+            return Write({});
+        }
+        if (!IsTaken(GetLastError())) {
+            break;
+        }
+        if (!TakeOldFile(true, 0)) {
+            return false;
+        }
+        if (!m_isNew) { // else it has gone between the two looks
+            return ReplaceOldFile(setAside);
+        }
+    }
+    return RefuseBySystem(m_failure);
+}
+
+bool Replacement::CreateTarget()
+{
+    m_file = Handle(CreateFileW(m_target.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, m_attributes, nullptr));
+    return m_file.IsOpen();
+}
+
+bool Replacement::ReplaceOldFile(bool setAside)
+{
+    LARGE_INTEGER size = {};
+    if (!GetFileSizeEx(m_old.Get(), &size)) {
+        return RefuseBySystem(m_failure);
+    }
+    if (size.QuadPart == 0) {
+        return true;
+    }
+    if (!setAside) {
+        m_failure = {FileErrorCode::inUse, L"it has contents that could not be read just now"};
+        return false;
+    }
+    m_old.Close(); // a file that is held cannot be renamed
+    if (!SetAside()) {
+        return false;
+    }
+    if (!CreateTarget()) {
+        return RefuseBySystem(m_failure);
+    }
+    m_aside.clear();
+    return Write({});
+}
+
+bool Replacement::SetAside()
+{
+    for (int number = 1; number <= kOldNames; ++number) {
+        const fs::path name = OldName(m_target, number);
+        if (MoveFileExW(m_target.c_str(), name.c_str(), MOVEFILE_WRITE_THROUGH)) {
+            m_aside = name;
+            return true;
+        }
+        if (!IsTaken(GetLastError())) {
+            return RefuseBySystem(m_failure);
+        }
+    }
+    return Refuse(L"too many older files stand beside it", m_failure);
+}
+
 } // namespace
 
 bool ReplaceContents(const CString& path, std::string_view contents, bool exclusive, FileFailure& failure)
 {
     Replacement replacement(path, failure);
-    return replacement.FollowLinks() && replacement.TakeOldFile(exclusive) && replacement.CreateTemporary() &&
-           replacement.Write(contents) && replacement.Rename();
+    return replacement.FollowLinks() && replacement.TakeOldFile(exclusive, kPatience) &&
+           replacement.CreateTemporary() && replacement.Write(contents) && replacement.Rename();
+}
+
+bool CreateEmpty(const CString& path, bool setAside, FileFailure& failure)
+{
+    Replacement creation(path, failure);
+    return creation.FollowLinks() && creation.MakeEmpty(setAside);
 }
 
 } // namespace platform

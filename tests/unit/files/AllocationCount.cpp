@@ -6,16 +6,19 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace {
 
 std::atomic<long> allocations{0};
+std::atomic<std::size_t> limit{std::numeric_limits<std::size_t>::max()};
 
 void* Allocate(std::size_t size)
 {
     ++allocations;
-    if (void* memory = std::malloc(size == 0 ? 1 : size)) {
+    void* memory = size > limit ? nullptr : std::malloc(size == 0 ? 1 : size);
+    if (memory != nullptr) {
         return memory;
     }
     throw std::bad_alloc();
@@ -51,6 +54,16 @@ void operator delete[](void* memory, std::size_t) noexcept
 long AllocationCount()
 {
     return allocations;
+}
+
+AllocationLimit::AllocationLimit(std::size_t bytes)
+{
+    limit = bytes;
+}
+
+AllocationLimit::~AllocationLimit()
+{
+    limit = std::numeric_limits<std::size_t>::max();
 }
 
 #endif

@@ -89,6 +89,36 @@ TEST(CFile, SetStatusThrowsWhenItCannot)
     }
 }
 
+#if !defined(_WIN32)
+// Who took the right to write from himself may have left it to his group.
+TEST(CFile, ReadOnlyIsWhatItsOwnerMayNotWriteAndTheOtherBitsStay)
+{
+    using std::filesystem::perms;
+    struct Row {
+        unsigned writable;
+        unsigned readOnly;
+    };
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", "x");
+    const auto path = directory.Path() / "a.geo";
+    for (const Row& row : {Row{0644, 0444}, Row{0664, 0464}, Row{0600, 0400}, Row{0666, 0466}}) {
+        SCOPED_TRACE(row.writable);
+        std::filesystem::permissions(path, perms{row.readOnly});
+        CFileStatus status;
+        ASSERT_TRUE(CFile::GetStatus(name, status));
+        EXPECT_EQ(status.attribute, CFileStatus::readOnly);
+        status.attribute = 0;
+        CFile::SetStatus(name, status);
+        EXPECT_EQ(std::filesystem::status(path).permissions(), perms{row.writable});
+        ASSERT_TRUE(CFile::GetStatus(name, status));
+        EXPECT_EQ(status.attribute, 0U);
+        status.attribute = CFileStatus::readOnly;
+        CFile::SetStatus(name, status);
+        EXPECT_EQ(std::filesystem::status(path).permissions(), perms{row.readOnly});
+    }
+}
+#endif
+
 // What the guarded save of the database does.
 TEST(CFile, AReadOnlyFileIsSavedOnlyAfterItsAttributeWasCleared)
 {

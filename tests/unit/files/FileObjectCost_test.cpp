@@ -68,6 +68,63 @@ TEST_F(FileObjectCost, AFileAtRestIsNotParsedAgain)
     EXPECT_TRUE(second.HasSection(L"General"));
 }
 
+// The catalogue and the databases stay parsed while a host walks over many project files.
+TEST_F(FileObjectCost, AFileThatIsUsedAgainAndAgainIsNotParsedAgain)
+{
+    const CString atRest = CString::FromUtf8(ZORGEO_SOURCE_DIR "/fuzz/corpus/section_file/database.geo");
+    int others = 0;
+    const auto openOthers = [&](int count) {
+        for (const int last = others + count; others < last; ++others) {
+            FileObject other;
+            ASSERT_TRUE(other.FileOpen(directory.Write(std::to_string(others), "[s]\n"), FileMode::openForReading));
+        }
+    };
+    const auto openAgain = [&] {
+        FileObject again;
+        EXPECT_TRUE(again.FileOpen(atRest, FileMode::openForReading));
+    };
+    openOthers(16); // what was kept before is forgotten
+    EXPECT_GT(AllocationsOf(openAgain), 40);
+    for (int round = 0; round < 3; ++round) {
+        openOthers(15);
+        EXPECT_LT(AllocationsOf(openAgain), 20);
+    }
+    openOthers(16);
+    EXPECT_GT(AllocationsOf(openAgain), 40);
+}
+
+TEST_F(FileObjectCost, LackOfMemoryMakesAnOpeningFalse)
+{
+    const CString big = directory.Write("big.geo", "[s]\nk=" + std::string(4'000'000, 'x') + "\n");
+    bool opened = true;
+    {
+        const AllocationLimit limit(1'000'000);
+        opened = file.FileOpen(big, FileMode::openForReading);
+    }
+    EXPECT_FALSE(opened);
+    EXPECT_FALSE(file.FileInitialised());
+    EXPECT_EQ(file.GetErrorStatus(), static_cast<int>(FileErrorCode::notReadable));
+    EXPECT_GE(file.GetErrorText().Find(L"out of memory"), 0);
+    EXPECT_TRUE(file.FileOpen(big, FileMode::openForReading));
+}
+
+TEST_F(FileObjectCost, LackOfMemoryMakesASaveFalse)
+{
+    const CString old = directory.Write("old.geo", "[s]\nk=old\n");
+    FileObject big;
+    ASSERT_TRUE(big.SetItem(L"s", L"k", std::string(4'000'000, 'x'), true));
+    bool saved = true;
+    {
+        const AllocationLimit limit(1'000'000);
+        saved = big.FileSave(old, FileMode::saveExclusive);
+    }
+    EXPECT_FALSE(saved);
+    EXPECT_EQ(big.GetErrorStatus(), static_cast<int>(FileErrorCode::notWritable));
+    EXPECT_GE(big.GetErrorText().Find(L"out of memory"), 0);
+    EXPECT_EQ(directory.Read("old.geo"), "[s]\nk=old\n");
+    EXPECT_TRUE(big.FileSave(old, FileMode::saveExclusive));
+}
+
 TEST_F(FileObjectCost, AFileThatThisProcessSavedIsNotParsedAgain)
 {
     file.SetItem(L"Sys-5", Key(5), 1.5, true);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -52,6 +53,16 @@ std::string Value(const FileObject& file, const CString& section, const CString&
     std::string value = "(none)";
     file.GetItem(section, key, value);
     return value;
+}
+
+std::vector<std::string> FilesIn(const TempDirectory& directory)
+{
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(directory.Path())) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 FileObject WithValue(const std::string& text)
@@ -484,6 +495,38 @@ TEST(FileObject, AWalkSeesTheContentsThatItStartedOn)
     EXPECT_EQ(key, L"b");
 }
 
+// They would become U+FFFD, and two names would become one.
+TEST(FileObject, RefusesUnpairedSurrogates)
+{
+    const CString replacement(L'\xFFFD', 1);
+    FileObject file;
+    ASSERT_TRUE(file.SetItem(replacement, replacement, replacement, true));
+    ASSERT_TRUE(file.SetItem(L"s", L"k", L"v", true));
+    for (const int unit : {0xD800, 0xDBFF, 0xDC00, 0xDFFF}) {
+        SCOPED_TRACE(unit);
+        const CString ill(static_cast<wchar_t>(unit), 1);
+        for (const CString& text : {ill, L"a" + ill, ill + L"a"}) {
+            for (const bool create : {true, false}) {
+                EXPECT_FALSE(file.SetItem(L"s", L"k", text, create));
+                EXPECT_FALSE(file.SetItem(L"s", L"k", text.GetString(), create));
+                EXPECT_FALSE(file.SetItem(L"s", text, L"v", create));
+                EXPECT_FALSE(file.SetItem(text, L"k", L"v", create));
+                EXPECT_FALSE(file.SetItem(text, L"k", 1.5, create));
+            }
+            EXPECT_FALSE(file.CreateSection(text, true));
+        }
+        CString value;
+        EXPECT_FALSE(file.HasSection(ill));
+        EXPECT_FALSE(file.HasKey(replacement, ill));
+        EXPECT_FALSE(file.GetItem(replacement, ill, value));
+        EXPECT_FALSE(file.DeleteItem(replacement, ill, true));
+        EXPECT_FALSE(file.DeleteSection(ill));
+    }
+    EXPECT_THAT(SectionsOf(file), ElementsAre("\xEF\xBF\xBD", "s"));
+    EXPECT_THAT(KeysOf(file, L"s"), ElementsAre("k=v"));
+    EXPECT_TRUE(file.SetItem(L"s", CString::FromUtf8("\xF0\x9F\x98\x80"), L"a pair", true));
+}
+
 TEST(FileObject, ApplyDifferenceTakesOverWhatItNames)
 {
     FileObject file;
@@ -608,7 +651,7 @@ TEST(FileObject, Mode4097MakesANewEmptyFile)
     EXPECT_THAT(SectionsOf(reader), IsEmpty());
 }
 
-TEST(FileObject, Mode4097EmptiesWhatThereWas)
+TEST(FileObject, Mode4097SetsAsideWhatThereWas)
 {
     const TempDirectory directory;
     const CString name = directory.Write("a.geo", "[s]\nk=v\n");
@@ -617,8 +660,90 @@ TEST(FileObject, Mode4097EmptiesWhatThereWas)
     ASSERT_TRUE(file.FileOpen(name, 4097));
     EXPECT_FALSE(file.HasSection(L"s"));
     EXPECT_EQ(directory.Read("a.geo"), "");
+    EXPECT_THAT(FilesIn(directory), ElementsAre("a.geo", "a.geo.old-1"));
+    EXPECT_EQ(directory.Read("a.geo.old-1"), "[s]\nk=v\n");
     ASSERT_TRUE(file.FileOpen(name, 32));
     EXPECT_FALSE(file.HasSection(L"s"));
+}
+
+// As the database opens its user file.
+TEST(FileObject, Mode4097KeepsEveryMalformedFileByteForByte)
+{
+    const TempDirectory directory;
+    const std::string texts[] = {"[s]\nk=1\nk=2\n", std::string("\xFF\xFE\0 no text", 11), "[s]\nk=C:\\temp\n"};
+    directory.Write("a.geo.old-2", "somebody's own");
+    FileObject file;
+    for (const std::string& text : texts) {
+        const CString name = directory.Write("a.geo", text);
+        ASSERT_FALSE(file.FileOpen(name, 32));
+        ASSERT_TRUE(file.FileOpen(name, 4097)) << file.GetErrorText().ToUtf8();
+        ASSERT_TRUE(file.FileOpen(name, 32));
+        EXPECT_EQ(directory.Read("a.geo"), "");
+    }
+    EXPECT_THAT(FilesIn(directory), ElementsAre("a.geo", "a.geo.old-1", "a.geo.old-2", "a.geo.old-3", "a.geo.old-4"));
+    EXPECT_EQ(directory.Read("a.geo.old-1"), texts[0]);
+    EXPECT_EQ(directory.Read("a.geo.old-2"), "somebody's own");
+    EXPECT_EQ(directory.Read("a.geo.old-3"), texts[1]);
+    EXPECT_EQ(directory.Read("a.geo.old-4"), texts[2]);
+}
+
+TEST(FileObject, Mode4097LeavesAnEmptyFile)
+{
+    const TempDirectory directory;
+    FileObject file;
+    ASSERT_TRUE(file.FileOpen(directory.Write("a.geo", ""), 4097));
+    EXPECT_TRUE(file.FileInitialised());
+    EXPECT_THAT(FilesIn(directory), ElementsAre("a.geo"));
+}
+
+TEST(FileObject, Mode4097FailsWhenEveryNameForTheOldFileIsTaken)
+{
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", "[s]\n");
+    for (int number = 1; number < 1000; ++number) {
+        directory.Write("a.geo.old-" + std::to_string(number), "");
+    }
+    FileObject file;
+    EXPECT_FALSE(file.FileOpen(name, 4097));
+    EXPECT_EQ(file.GetErrorStatus(), Status(FileErrorCode::notWritable));
+    EXPECT_EQ(directory.Read("a.geo"), "[s]\n");
+    EXPECT_EQ(FilesIn(directory).size(), 1000U);
+}
+
+// Two programs start for the first time: neither finds the file, and both set about making it.
+TEST(FileObject, Mode4097LeavesAFileThatCameToBeSinceItWasMissed)
+{
+    const TempDirectory directory;
+    const CString name = directory.File("a.geo");
+    FileObject early;
+    FileObject late;
+    ASSERT_FALSE(early.FileOpen(name, 32));
+    ASSERT_FALSE(late.FileOpen(name, 32));
+    ASSERT_TRUE(early.FileOpen(name, 4097));
+    early.SetItem(L"s", L"k", L"v", true);
+    ASSERT_TRUE(early.FileSave(L"", 4113));
+
+    EXPECT_FALSE(late.FileOpen(name, 4097));
+    EXPECT_EQ(late.GetErrorStatus(), Status(FileErrorCode::inUse));
+    EXPECT_FALSE(late.FileInitialised());
+    EXPECT_EQ(directory.Read("a.geo"), "[s]\nk=v\n");
+    EXPECT_THAT(FilesIn(directory), ElementsAre("a.geo"));
+    EXPECT_TRUE(late.FileOpen(name, 32));
+    EXPECT_TRUE(late.FileOpen(name, 4097)); // asked for with the file in view
+    EXPECT_THAT(FilesIn(directory), ElementsAre("a.geo", "a.geo.old-1"));
+}
+
+TEST(FileObject, Mode4097TakesAFileThatBothMissedAndOneMadeEmpty)
+{
+    const TempDirectory directory;
+    const CString name = directory.File("a.geo");
+    FileObject early;
+    FileObject late;
+    ASSERT_FALSE(early.FileOpen(name, 32));
+    ASSERT_FALSE(late.FileOpen(name, 32));
+    EXPECT_TRUE(early.FileOpen(name, 4097));
+    EXPECT_TRUE(late.FileOpen(name, 4097));
+    EXPECT_THAT(FilesIn(directory), ElementsAre("a.geo"));
 }
 
 TEST(FileObject, Mode4097FailsWhereNothingCanBeCreated)

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -69,7 +70,9 @@ std::size_t OpenDescriptors()
 /// A process that holds a lock on a file from the end of the constructor to Release.
 class Holder {
 public:
-    Holder(const fs::path& path, int lock)
+    /// With `milliseconds` it lets go by itself after that time, and does `last` before it does.
+    Holder(
+        const fs::path& path, int lock, int milliseconds = -1, const std::function<void()>& last = [] {})
     {
         EXPECT_EQ(pipe(m_ready.data()), 0);
         EXPECT_EQ(pipe(m_release.data()), 0);
@@ -78,8 +81,10 @@ public:
             close(m_release[1]);
             const int file = open(path.c_str(), O_RDWR);
             const char answer = flock(file, lock) == 0 ? 'y' : 'n';
-            char end = 0;
-            _exit(write(m_ready[1], &answer, 1) == 1 && read(m_release[0], &end, 1) == 0 ? 0 : 1);
+            pollfd end = {m_release[0], POLLIN, 0};
+            const bool waited = write(m_ready[1], &answer, 1) == 1 && poll(&end, 1, milliseconds) >= 0;
+            last();
+            _exit(waited ? 0 : 1);
         }
         char answer = 0;
         EXPECT_EQ(read(m_ready[0], &answer, 1), 1);
@@ -378,6 +383,164 @@ TEST(FileOpen, Mode32FailsWhileAnotherProcessHoldsTheFileForWriting)
     EXPECT_TRUE(file.FileOpen(name, FileMode::read));
     holder.Release();
     EXPECT_TRUE(file.FileOpen(name, 32));
+}
+
+TEST(FileOpen, Mode32WaitsForAWriterThatLetsGo)
+{
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", "[s]\nk=v\n");
+    const Holder writer(directory.Path() / "a.geo", LOCK_EX, 20);
+    FileObject file;
+    EXPECT_TRUE(file.FileOpen(name, 32)) << file.GetErrorText().ToUtf8();
+}
+
+TEST(FileOpen, Mode32ReadsWhatTheWriterThatItWaitedForHasPutThere)
+{
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", "[s]\nk=old\n");
+    directory.Write("new.geo", "[s]\nk=new\n");
+    const Holder writer(directory.Path() / "a.geo", LOCK_EX, 20,
+                        [&] { fs::rename(directory.Path() / "new.geo", directory.Path() / "a.geo"); });
+    FileObject file;
+    ASSERT_TRUE(file.FileOpen(name, 32)) << file.GetErrorText().ToUtf8();
+    std::string value;
+    EXPECT_TRUE(file.GetItem(L"s", L"k", value));
+    EXPECT_EQ(value, "new");
+}
+
+// As the database opens its user file: what was held is not taken for a file that is none.
+TEST(FileOpen, Mode4097LeavesAFileThatWasHeldAMomentAgo)
+{
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", "[s]\nk=v\n");
+    FileObject file;
+    {
+        const Holder writer(directory.Path() / "a.geo", LOCK_EX);
+        ASSERT_FALSE(file.FileOpen(name, 32));
+    }
+    EXPECT_FALSE(file.FileOpen(name, 4097));
+    EXPECT_EQ(file.GetErrorStatus(), Status(FileErrorCode::inUse));
+    EXPECT_EQ(directory.Read("a.geo"), "[s]\nk=v\n");
+    EXPECT_THAT(NamesIn(directory), ElementsAre("a.geo"));
+}
+
+TEST(FileOpen, Mode4097LeavesAFileThatTooManyOpenFilesKeptFromBeingRead)
+{
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", "[s]\nk=v\n");
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none = {0, before.rlim_max};
+    FileObject file;
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    const bool opened = file.FileOpen(name, 32);
+    const CString reason = file.GetErrorText();
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_FALSE(opened);
+    EXPECT_THAT(reason.ToUtf8(), HasSubstr("too many files are open"));
+    EXPECT_FALSE(file.FileOpen(name, 4097));
+    EXPECT_EQ(directory.Read("a.geo"), "[s]\nk=v\n");
+    EXPECT_THAT(NamesIn(directory), ElementsAre("a.geo"));
+}
+
+TEST(FileOpen, Mode4097FollowsLinksAndKeepsRightsAndTheOldFileItself)
+{
+    const TempDirectory directory;
+    directory.Write("real/a.geo", "no section file");
+    const fs::path path = directory.Path() / "real/a.geo";
+    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+    fs::create_symlink("real/a.geo", directory.Path() / "link.geo");
+    fs::create_hard_link(path, directory.Path() / "same.geo");
+    ASSERT_TRUE(FileObject().FileOpen(directory.File("link.geo"), 4097));
+    EXPECT_TRUE(fs::is_symlink(directory.Path() / "link.geo"));
+    EXPECT_EQ(directory.Read("real/a.geo"), "");
+    EXPECT_EQ(RightsOf(path), 0640U);
+    EXPECT_TRUE(fs::equivalent(directory.Path() / "real/a.geo.old-1", directory.Path() / "same.geo"));
+    EXPECT_EQ(directory.Read("real/a.geo.old-1"), "no section file");
+    EXPECT_EQ(RightsOf(directory.Path() / "real/a.geo.old-1"), 0640U);
+}
+
+TEST(FileOpen, Mode4097LeavesWhatCannotBeSetAside)
+{
+    const TempDirectory directory;
+    const std::string longest(255, 'n');
+    FileObject file;
+    EXPECT_FALSE(file.FileOpen(directory.Write(longest, "no section file"), 4097));
+    EXPECT_EQ(file.GetErrorStatus(), Status(FileErrorCode::notWritable));
+    EXPECT_EQ(directory.Read(longest), "no section file");
+    EXPECT_THAT(NamesIn(directory), ElementsAre(longest));
+}
+
+// The second name of the old file goes again when the new file cannot be made.
+TEST(FileOpen, Mode4097LeavesTheOldFileUnderItsNameAloneWhenItFails)
+{
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", "no section file");
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const int next = dup(0);
+    ASSERT_EQ(close(next), 0);
+    FileObject file;
+    // Room for the directory and the old file, none for the temporary.
+    const rlimit two = {static_cast<rlim_t>(next) + 2, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &two), 0);
+    const bool opened = file.FileOpen(name, 4097);
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_FALSE(opened);
+    EXPECT_THAT(file.GetErrorText().ToUtf8(), HasSubstr("too many files are open"));
+    EXPECT_EQ(directory.Read("a.geo"), "no section file");
+    EXPECT_THAT(NamesIn(directory), ElementsAre("a.geo"));
+}
+
+// Saves and opens as the database does: 32, and 4097 and 32 again when that fails.
+bool OpenOrMake(FileObject& file, const CString& name)
+{
+    return file.FileOpen(name, 32) || (file.FileOpen(name, 4097) && file.FileOpen(name, 32));
+}
+
+// They may lose each other's latest change, but nothing that stood there before.
+TEST(FileOpen, TwoProcessesThatSaveAndOpenInTurnLoseNothing)
+{
+    constexpr int rounds = 150;
+    const TempDirectory directory;
+    const std::string value(20'000, 'v');
+    const CString name = directory.Write("a.geo", "[before]\nk=" + value + "\n");
+    const auto saveAndOpen = [&](const char* key) {
+        FileObject file;
+        for (int round = 0; round < rounds; ++round) {
+            if (OpenOrMake(file, name)) {
+                file.SetItem(L"s", CString::FromUtf8(key), round, true);
+                file.FileSave(L"", 4113);
+            }
+        }
+    };
+    const pid_t child = fork();
+    if (child == 0) {
+        saveAndOpen("child");
+        _exit(0);
+    }
+    saveAndOpen("parent");
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    FileObject file;
+    ASSERT_TRUE(file.FileOpen(name, 32));
+    std::string found;
+    EXPECT_TRUE(file.GetItem(L"before", L"k", found));
+    EXPECT_EQ(found, value);
+    EXPECT_TRUE(file.HasSection(L"s"));
+    EXPECT_THAT(NamesIn(directory), ElementsAre("a.geo"));
+}
+
+TEST(FileSave, RefusesAFileThatOnlyOthersThanItsOwnerMayWrite)
+{
+    const TempDirectory directory;
+    const CString name = directory.Write("a.geo", "[s]\nk=old\n");
+    ASSERT_EQ(chmod((directory.Path() / "a.geo").c_str(), 0464), 0);
+    const FileObject file = WithValue("new");
+    EXPECT_FALSE(file.FileSave(name, FileMode::saveExclusive));
+    EXPECT_EQ(file.GetErrorStatus(), Status(FileErrorCode::notWritable));
+    EXPECT_EQ(directory.Read("a.geo"), "[s]\nk=old\n");
 }
 
 TEST(FileSave, Mode16FailsWhileAnotherProcessHoldsTheFile)
