@@ -1,7 +1,6 @@
 #include "authoring/ZorGeoStaticData.h"
 
 #include "database/ZorGeoDatabase.h"
-#include "frame/ZorGeoUtility.h"
 #include "projections/ProjectionType.h"
 
 namespace {
@@ -20,12 +19,9 @@ CString TextOf(unsigned id)
 
 } // namespace
 
+// The catalogue, a member, fills the directories.
 ZorGeoStaticData::ZorGeoStaticData()
 {
-    ZorGeoUtility& directories = ZorGeoUtility::Get();
-    if (!directories.initialised) {
-        directories.Fill();
-    }
     for (const unsigned id : kMethodTexts) {
         m_dtMdNames.Add(TextOf(id));
     }

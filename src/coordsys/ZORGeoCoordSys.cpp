@@ -1,14 +1,7 @@
 #include "coordsys/ZORGeoCoordSys.h"
 
-#include "frame/ZorGeoUtility.h"
-
-ZORGeoCoordSys::ZORGeoCoordSys()
-{
-    ZorGeoUtility& directories = ZorGeoUtility::Get();
-    if (!directories.initialised) {
-        directories.Fill();
-    }
-}
+// The database, a member, fills the directories.
+ZORGeoCoordSys::ZORGeoCoordSys() = default;
 
 ZORGeoCoordSys::ZORGeoCoordSys(const ZORGeoCoordSys&) = default;
 ZORGeoCoordSys& ZORGeoCoordSys::operator=(const ZORGeoCoordSys&) = default;

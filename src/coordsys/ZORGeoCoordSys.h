@@ -21,9 +21,10 @@ class Ellipsoid;
 /// system's linear unit; `time` is milliseconds since 1970, 0 for the present moment, and matters
 /// to transformations of 14 parameters alone.
 ///
-/// Init reads everything; after it the conversions touch no file, allocate nothing and lock
-/// nothing. A part that is missing or refuses is skipped and its step changes nothing: the chain
-/// goes on with what it had, and outputs that no step wrote keep the caller's value.
+/// Init reads everything; after it the conversions touch no file, allocate nothing (but for the
+/// remark of a geoid model) and lock nothing. A part that is missing or refuses is skipped and its
+/// step changes nothing: the chain goes on with what it had, and outputs that no step wrote keep
+/// the caller's value.
 ///
 /// Threads: the const operations of a ready object may run on several threads at once, as long as
 /// none calls Init, SetCoordSysUnit, ProjectOffset or the DoDtf with a name. The unit factors of
@@ -49,7 +50,7 @@ public:
     /// the suite's current project. `unit` is a unit's name; "none" in any case of letters keeps
     /// the system's own.
     /// False, after a message, when the project or the database cannot be opened. False without
-    /// one when the system or one of its parts is not found, when `unit` is not known (all parts
+    /// one when the system or one of its parts is not found or does not load, when `unit` is not known (all parts
     /// are then built), or when the project has no backup of the system (all parts are then built
     /// and IsInit is true).
     bool Init(CString group, CString system, CString geoidModel, CString geoidFile, CString chartDatum,
@@ -208,7 +209,7 @@ private:
     bool IniZorCoordSys(const FileObject& file, const CString& group, const CString& system);
     bool ReadUnit(const CString& unit);
     bool CreateEllipsoid(const FileObject& file);
-    bool CreateProjection(FileObject& file);
+    bool CreateProjection(const FileObject& file);
     bool CreateTransformation(FileObject& file);
     bool CreateObjects();
     void DeleteObjects();

@@ -11,6 +11,7 @@
 #include "database/RecordReaders.h"
 #include "datum/CDatumTransform.h"
 #include "datum/Ellipsoid.h"
+#include "frame/ReadItem.h"
 #include "frame/RecordNames.h"
 #include "frame/ZorGeoUtility.h"
 #include "projections/CProjection.h"
@@ -144,13 +145,13 @@ bool ZORGeoCoordSys::IniZorCoordSys(const FileObject& file, const CString& group
     if (!file.HasSection(kGroupPrefix + group) || !file.HasSection(section)) {
         return false;
     }
-    file.GetItem(section, kSystemDatum, m_dtfName);
-    file.GetItem(section, kSystemUnit, m_unitName);
+    ReadItem(file, section, kSystemDatum, m_dtfName);
+    ReadItem(file, section, kSystemUnit, m_unitName);
     if (m_unitName.CompareNoCase(kMeterAlias) == 0) {
         m_unitName = kMeters;
     }
-    file.GetItem(section, kSystemEllipsoid, m_ellipsoidName);
-    file.GetItem(section, kSystemProjection, m_projectionName);
+    ReadItem(file, section, kSystemEllipsoid, m_ellipsoidName);
+    ReadItem(file, section, kSystemProjection, m_projectionName);
     return ReadUnit(m_unitName);
 }
 
@@ -163,10 +164,10 @@ bool ZORGeoCoordSys::ReadUnit(const CString& unit)
         return false;
     }
     double format = 0.0;
-    m_pProjectFile->GetItem(FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], format);
+    ReadItem(*m_pProjectFile, FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], format);
     CString text;
-    if (!m_database.GetMainFile().GetItem(kUnitsSection, unit, text) &&
-        !m_database.GetUserFile().GetItem(kUnitsSection, unit, text)) {
+    if (!ReadItem(m_database.GetMainFile(), kUnitsSection, unit, text) &&
+        !ReadItem(m_database.GetUserFile(), kUnitsSection, unit, text)) {
         return false;
     }
     m_unit.Set(m_unitName, text, FormatNumber(format));
@@ -181,24 +182,24 @@ bool ZORGeoCoordSys::CreateEllipsoid(const FileObject& file)
     }
     double a = 0.0;
     double e2 = 0.0;
-    file.GetItem(section, kSemiMajor, a);
-    file.GetItem(section, kEccSquared, e2);
+    ReadItem(file, section, kSemiMajor, a);
+    ReadItem(file, section, kEccSquared, e2);
     m_pEllipsoid = std::make_shared<Ellipsoid>();
     m_pEllipsoid->Set(a, e2);
     Ellipsoid::SetUnitFactor(m_unit.factor);
     return true;
 }
 
-bool ZORGeoCoordSys::CreateProjection(FileObject& file)
+bool ZORGeoCoordSys::CreateProjection(const FileObject& file)
 {
     const CString section = kProjectionPrefix + m_projectionName;
     if (!file.HasSection(section)) {
         return false;
     }
     long type = m_projectionType;
-    file.GetItem(section, projectionParamKeys[ProjectionKey::type], type);
+    ReadItem(file, section, projectionParamKeys[ProjectionKey::type], type);
     m_projectionType = static_cast<int>(type);
-    file.GetItem(section, kProjectionMethod, m_projectionMethod);
+    ReadItem(file, section, kProjectionMethod, m_projectionMethod);
     m_pProjection.reset();
     if (!m_pEllipsoid) {
         return false;
@@ -210,7 +211,7 @@ bool ZORGeoCoordSys::CreateProjection(FileObject& file)
     }
     projection->SetEllipsoid(m_pEllipsoid->semiMajor, m_pEllipsoid->eccSquared);
     projection->SetName(m_projectionMethod);
-    if (!projection->LoadParameters(file, section)) {
+    if (LoadProjection(*projection, file, section) != ProjectionLoad::loaded) {
         return false;
     }
     m_pProjection = std::move(projection);
@@ -229,8 +230,6 @@ bool ZORGeoCoordSys::CreateTransformation(FileObject& file)
     }
     auto datum = std::make_shared<CDatumTransform>();
     if (!datum->Load(m_database, file, section)) {
-        // A record that lacks a key leaves its file throwing; later reads are to answer false.
-        file.ThrowExceptions(false);
         return false;
     }
     m_pDatum = std::move(datum);

@@ -1,7 +1,10 @@
 #include "database/RecordReaders.h"
 
+#include <stdexcept>
+
 #include "database/SectionWalks.h"
 #include "frame/RecordNames.h"
+#include "projections/CProjection.h"
 
 namespace {
 
@@ -56,7 +59,7 @@ void LoadSystemInfo(const FileObject& file, const CString& system, SystemInfo& i
         return;
     }
     for (const SystemInfoRow& row : kSystemInfo) {
-        file.GetItem(section, row.key, info.*row.text);
+        ReadItem(file, section, row.key, info.*row.text);
     }
 }
 
@@ -77,8 +80,8 @@ bool FindElpsoid(const FileObject& file, const CString& name, double& semiMajor,
     const CString section = kEllipsoidPrefix + name;
     double a = 0.0;
     double e2 = 0.0;
-    if (!file.HasSection(section) || !file.GetItem(section, spheroidKeys[SpheroidKey::semiMajor], a) ||
-        !file.GetItem(section, spheroidKeys[SpheroidKey::eccSquared], e2)) {
+    if (!file.HasSection(section) || !ReadItem(file, section, spheroidKeys[SpheroidKey::semiMajor], a) ||
+        !ReadItem(file, section, spheroidKeys[SpheroidKey::eccSquared], e2)) {
         return false;
     }
     semiMajor = a;
@@ -89,7 +92,7 @@ bool FindElpsoid(const FileObject& file, const CString& name, double& semiMajor,
 bool FindTargetElp(const FileObject& file, const CString& dtfName, CString& target)
 {
     const CString section = kDatumPrefix + dtfName;
-    return file.HasSection(section) && file.GetItem(section, transParamKeys[TransKey::target], target);
+    return file.HasSection(section) && ReadItem(file, section, transParamKeys[TransKey::target], target);
 }
 
 bool FindDtfByName(const FileObject& file, const CString& name, const DatumRecordView& out)
@@ -100,23 +103,35 @@ bool FindDtfByName(const FileObject& file, const CString& name, const DatumRecor
     if (!file.HasSection(section) && !file.HasSection(ShortenedDatumSection(section))) {
         return false;
     }
-    file.GetItem(section, kDatumMethod, out.method);
-    file.GetItem(section, transParamKeys[TransKey::source], out.source);
-    file.GetItem(section, transParamKeys[TransKey::target], out.target);
+    ReadItem(file, section, kDatumMethod, out.method);
+    ReadItem(file, section, transParamKeys[TransKey::source], out.source);
+    ReadItem(file, section, transParamKeys[TransKey::target], out.target);
     for (std::size_t i = 0; i < kFirstRate; ++i) {
-        file.GetItem(section, transParamKeys[kNumberKeys[i]], *out.numbers[i]);
+        ReadItem(file, section, transParamKeys[kNumberKeys[i]], *out.numbers[i]);
     }
     for (std::size_t i = kFirstRate; i < kNumberKeys.size(); ++i) {
         *out.numbers[i] = 0.0;
     }
     for (std::size_t i = kFirstRate; i < kNumberKeys.size(); ++i) {
-        file.GetItem(section, transParamKeys[kNumberKeys[i]], *out.numbers[i]);
+        ReadItem(file, section, transParamKeys[kNumberKeys[i]], *out.numbers[i]);
     }
     out.fixedHeight = false;
     out.fixedHeightForward = 0.0;
     out.fixedHeightReverse = 0.0;
-    file.GetItem(section, transParamKeys[TransKey::fixedHeight], out.fixedHeight);
-    file.GetItem(section, transParamKeys[TransKey::fixedHeightForward], out.fixedHeightForward);
-    file.GetItem(section, transParamKeys[TransKey::fixedHeightReverse], out.fixedHeightReverse);
+    ReadItem(file, section, transParamKeys[TransKey::fixedHeight], out.fixedHeight);
+    ReadItem(file, section, transParamKeys[TransKey::fixedHeightForward], out.fixedHeightForward);
+    ReadItem(file, section, transParamKeys[TransKey::fixedHeightReverse], out.fixedHeightReverse);
     return true;
+}
+
+ProjectionLoad LoadProjection(CProjection& projection, const FileObject& file, const CString& section)
+{
+    // A projection asks for keys that its record may lack, and `file` may be in the mode that throws.
+    FileObject quiet = file;
+    quiet.ThrowExceptions(false);
+    try {
+        return projection.LoadParameters(quiet, section) ? ProjectionLoad::loaded : ProjectionLoad::refused;
+    } catch (const std::invalid_argument&) {
+        return ProjectionLoad::unlistable;
+    }
 }

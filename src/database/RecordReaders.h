@@ -1,11 +1,34 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 
 #include "frame/BaseContract.h"
+#include "frame/ReadItem.h"
+
+class CProjection;
 
 // Readings of single records of one database file. An output whose key the record lacks stays as
-// it was, where nothing else is said.
+// it was, where nothing else is said. None of them throws, also on a file in the mode that does.
+
+/// A key and where its value goes.
+template <typename Value>
+struct WantedItem {
+    const CString& key;
+    Value& value;
+};
+
+/// Reads keys of one section; nothing when `file` is null.
+template <typename Value>
+void ReadItems(const FileObject* file, const CString& section, std::initializer_list<WantedItem<Value>> wanted)
+{
+    if (!file) {
+        return;
+    }
+    for (const WantedItem<Value>& item : wanted) {
+        ReadItem(*file, section, item.key, item.value);
+    }
+}
 
 /// The texts of a system record by which it refers to other records.
 struct SystemInfo {
@@ -30,6 +53,13 @@ struct DatumRecordView {
     double& fixedHeightReverse;
 };
 
+/// What came of loading a projection from its record.
+enum class ProjectionLoad {
+    loaded,
+    refused,   ///< record, ellipsoid or catalogue will not do; it lists the constants that it has
+    unlistable ///< the catalogue has no place for one of the constants; they are not complete
+};
+
 /// Whether `group` lists `system`, in any case of letters.
 bool FindSystem(const FileObject& file, const CString& group, const CString& system);
 /// Reads what a system record names; nothing when there is no such record.
@@ -49,3 +79,5 @@ CString ShortenedDatumSection(CString section);
 /// Rates, epoch, fixed height and its two values are 0 when the record lacks them.
 /// Kept: see the shortened name at the body.
 bool FindDtfByName(const FileObject& file, const CString& name, const DatumRecordView& out);
+/// Lets `projection`, new, load itself from its record.
+ProjectionLoad LoadProjection(CProjection& projection, const FileObject& file, const CString& section);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <vector>
 
 #include "frame/BaseContract.h"
@@ -14,9 +15,9 @@
 /// answers first. Each operation tells where it differs.
 ///
 /// A miss is no error: the result is neutral (false, empty, 0) and outputs stay untouched, where
-/// nothing else is said. Nothing throws, unless a file was left in FileObject's mode that throws;
-/// Init ends it. Lists keep the order of the file, main file first, and are emptied before they
-/// are filled. Names are compared exactly where nothing else is said.
+/// nothing else is said. Nothing throws, also when a file was left in FileObject's mode that does;
+/// Init ends that mode. Lists keep the order of the file, main file first, and are emptied before
+/// they are filled. Names are compared exactly where nothing else is said.
 /// Used on one thread; nothing here locks.
 /// The order of the virtual operations and of the fields, and all names, are part of the interface.
 class ZORCOORDSYS_API ZorGeoDatabase : public ZorGeoDatabaseBase {
@@ -30,14 +31,16 @@ public:
     ~ZorGeoDatabase() override;
 
     /// Closes what is open, opens both files and lists the names of their datum transformations
-    /// and projections. A user file that cannot be opened is made anew, empty.
-    /// False when the main file cannot be opened or the user file not be made.
+    /// and projections. A user file that is missing or malformed is made anew, empty;
+    /// a malformed one stands beside it then under the next free name, "zorusergeobase.geo.old-1".
+    /// False when the main file cannot be opened, the user file not be made, or another process
+    /// keeps the user file or made it at the same time.
     /// Kept: a second Init appends to the list of datum names, while the lists of their
     /// ellipsoids start afresh.
     bool Init() override;
 
     /// Unit `name`, in any case of letters; `key` is its name as spelt in the file, `factor`
-    /// metres per unit, `digits` always 7.
+    /// metres per unit, `digits` always 7. `suffix` comes without blanks at its ends.
     bool GetUnitParametersByName(CString name, CString& key, CString& suffix, double& factor, short& digits) override;
 
     /// Lists; false with `out` untouched while a file is not open. A name in both files comes
@@ -71,9 +74,10 @@ public:
     /// Attributes of a projection; the user file answers first.
     CString GetPrjMdNameByPrjName(CString projection) override;
     CString GetPrjUnit(CString projection) override;
-    /// The constants as the projection's class lists them, without an ellipsoid. False when
-    /// there is no such record or no class for its type. A class that lists nothing without an
-    /// ellipsoid leaves the outputs untouched, and the result is true.
+    /// The constants as the projection's class lists them, without an ellipsoid. False, outputs
+    /// untouched, when there is no such record, no class for its type or no place in the catalogue
+    /// for one of its constants; a catalogue without the method gives none, and true. A class that
+    /// lists nothing without an ellipsoid leaves the outputs untouched, and the result is true.
     bool GetPrjConstantsByName(CString projection, CArray<double, double>& values, CStringArray& names,
                                CStringArray& texts, CArray<UINT, UINT>& kinds) override;
     int GetPrjTypeByPrjName(CString projection) override;
@@ -184,26 +188,31 @@ public:
 private:
     bool OpenFiles(bool& userFileMade);
     bool BothOpen() const;
+    /// The user file (1) or the main file (2), else null.
     const FileObject* FileNamed(unsigned which) const;
-    bool FindAllElpNamesInDtf(unsigned which);
-    bool FindAllPrjNamesAndMethods(unsigned which);
+    void FindAllElpNamesInDtf(const FileObject& file);
+    void FindAllPrjNamesAndMethods(const FileObject& file);
 
     bool AllValues(const CString& section, CStringArray& out) const;
 
+    /// Asks the file that `which` names, or both, the user file first.
+    template <typename Test>
+    bool Ask(unsigned which, Test test) const;
     bool HasRecord(const CString& section, unsigned which) const;
     /// The main file, else the user file, whose group lists the system; null when neither does.
     const FileObject* FileOfSystem(const CString& group, const CString& system) const;
     /// The user file, else the main file, that has the projection; null when neither does.
-    FileObject* FileOfProjection(const CString& name);
+    const FileObject* FileOfProjection(const CString& name);
     /// The user file, else the main file, that has the section; null when neither does.
     const FileObject* UserThenMainFile(const CString& section) const;
     CString UserThenMainText(const CString& section, const CString& key) const;
     CString SystemText(const CString& group, const CString& system, const CString& key) const;
     bool SystemFlag(const CString& group, const CString& system, const CString& key) const;
     bool FindElpsoidInFiles(const CString& name, double& semiMajor, double& eccSquared) const;
-    bool GetElpSqEccen(const CString& name, double& eccSquared) const;
 
-    bool CanBeSet(const CString& group, const CString& system) const;
+    struct Setting;
+    /// Writes settings of a system of the user file, in their order, and saves. As the setters.
+    bool ChangeSystem(const CString& group, const CString& system, std::initializer_list<Setting> settings);
     bool SaveAndInit();
 
     CString m_mainPath;
@@ -212,7 +221,7 @@ private:
     FileObject m_userFile;
     std::vector<CString> m_prjNames;
     std::vector<CString> m_prjMethods;
-    std::vector<CString> m_spare;
+    std::vector<CString> m_spare; ///< holds a place in the order of the fields; always empty
     std::vector<CString> m_dtfTargetElps;
     std::vector<CString> m_dtfSourceElps;
     std::vector<CString> m_dtfNames;

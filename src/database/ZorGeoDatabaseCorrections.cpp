@@ -1,6 +1,7 @@
 // Geoid and correction settings of a system: read from both files, written to the user file.
 
 #include <initializer_list>
+#include <variant>
 
 #include "database/RecordReaders.h"
 #include "database/ZorGeoDatabase.h"
@@ -9,27 +10,10 @@
 
 namespace {
 
-struct WantedNumber {
-    const CString& key;
-    double& value;
-};
-
-/// Reads numbers of a system record; nothing when `file` is null.
-void ReadNumbers(const FileObject* file, const CString& system, std::initializer_list<WantedNumber> wanted)
-{
-    if (!file) {
-        return;
-    }
-    const CString section = kSystemPrefix + system;
-    for (const WantedNumber& number : wanted) {
-        file->GetItem(section, number.key, number.value);
-    }
-}
-
 CString SupportedGeoidModels(const FileObject& file, const CString& group)
 {
     CString methods;
-    file.GetItem(kGroupPrefix + group, kSupportedGeoidMethods, methods);
+    ReadItem(file, kGroupPrefix + group, kSupportedGeoidMethods, methods);
     return methods;
 }
 
@@ -40,9 +24,7 @@ CString SupportedGeoidModels(const FileObject& file, const CString& group)
 bool ZorGeoDatabase::SystemFlag(const CString& group, const CString& system, const CString& key) const
 {
     bool flag = false;
-    if (const FileObject* file = FileOfSystem(group, system)) {
-        file->GetItem(kSystemPrefix + system, key, flag);
-    }
+    ReadItems<bool>(FileOfSystem(group, system), kSystemPrefix + system, {{key, flag}});
     return flag;
 }
 
@@ -79,7 +61,7 @@ CString ZorGeoDatabase::GetCustomSupportedGeoidModels(CString group, CString)
 double ZorGeoDatabase::GetGeoidManualSeparation(CString group, CString system)
 {
     double separation = 0.0;
-    ReadNumbers(FileOfSystem(group, system), system, {{kGeoidManual, separation}});
+    ReadItems<double>(FileOfSystem(group, system), kSystemPrefix + system, {{kGeoidManual, separation}});
     return separation;
 }
 
@@ -105,34 +87,47 @@ bool ZorGeoDatabase::HasPostVertAdjust(CString group, CString system)
 
 void ZorGeoDatabase::GetGridCorrection(CString group, CString system, double& x, double& y, double& z)
 {
-    ReadNumbers(FileOfSystem(group, system), system, {{kPostX, x}, {kPostY, y}, {kPostZ, z}});
+    ReadItems<double>(FileOfSystem(group, system), kSystemPrefix + system, {{kPostX, x}, {kPostY, y}, {kPostZ, z}});
 }
 
 void ZorGeoDatabase::GetPostHorAdjust(CString group, CString system, double& originX, double& originY, double& rotation,
                                       double& scale)
 {
-    ReadNumbers(FileOfSystem(group, system), system,
-                {{kHorAdjustOriginX, originX},
-                 {kHorAdjustOriginY, originY},
-                 {kHorAdjustRotation, rotation},
-                 {kHorAdjustScale, scale}});
+    ReadItems<double>(FileOfSystem(group, system), kSystemPrefix + system,
+                      {{kHorAdjustOriginX, originX},
+                       {kHorAdjustOriginY, originY},
+                       {kHorAdjustRotation, rotation},
+                       {kHorAdjustScale, scale}});
 }
 
 void ZorGeoDatabase::GetPostVertAdjust(CString group, CString system, double& originX, double& originY, double& slopeX,
                                        double& slopeY)
 {
-    ReadNumbers(FileOfSystem(group, system), system,
-                {{kVertAdjustOriginX, originX},
-                 {kVertAdjustOriginY, originY},
-                 {kVertAdjustSlopeX, slopeX},
-                 {kVertAdjustSlopeY, slopeY}});
+    ReadItems<double>(FileOfSystem(group, system), kSystemPrefix + system,
+                      {{kVertAdjustOriginX, originX},
+                       {kVertAdjustOriginY, originY},
+                       {kVertAdjustSlopeX, slopeX},
+                       {kVertAdjustSlopeY, slopeY}});
 }
 
 // Setters.
 
-bool ZorGeoDatabase::CanBeSet(const CString& group, const CString& system) const
+/// What a setter writes under a key of a system.
+struct ZorGeoDatabase::Setting {
+    const CString& key;
+    std::variant<bool, double, CString> value;
+};
+
+bool ZorGeoDatabase::ChangeSystem(const CString& group, const CString& system, std::initializer_list<Setting> settings)
 {
-    return FindSystem(m_userFile, group, system) && m_userFile.HasSection(kSystemPrefix + system);
+    const CString section = kSystemPrefix + system;
+    if (!FindSystem(m_userFile, group, system) || !m_userFile.HasSection(section)) {
+        return false;
+    }
+    for (const Setting& setting : settings) {
+        std::visit([&](const auto& value) { m_userFile.SetItem(section, setting.key, value, true); }, setting.value);
+    }
+    return SaveAndInit();
 }
 
 bool ZorGeoDatabase::SaveAndInit()
@@ -143,41 +138,19 @@ bool ZorGeoDatabase::SaveAndInit()
 
 bool ZorGeoDatabase::SetGeoidModel(CString group, CString system, CString method, CString grid, bool use)
 {
-    if (!CanBeSet(group, system)) {
-        return false;
-    }
-    const CString section = kSystemPrefix + system;
-    m_userFile.SetItem(section, kGeoidUse, use, true);
-    m_userFile.SetItem(section, kGeoidMethod, method, true);
-    m_userFile.SetItem(section, kGeoidGrid, grid, true);
-    return SaveAndInit();
+    return ChangeSystem(group, system, {{kGeoidUse, use}, {kGeoidMethod, method}, {kGeoidGrid, grid}});
 }
 
 bool ZorGeoDatabase::SetManualGeoidModel(CString group, CString system, CString method, double value, bool use)
 {
-    if (!CanBeSet(group, system)) {
-        return false;
-    }
-    const CString section = kSystemPrefix + system;
     // Kept: the grid of an earlier setting stays, for the day on which the user goes back to it.
-    m_userFile.SetItem(section, kGeoidUse, use, true);
-    m_userFile.SetItem(section, kGeoidMethod, method, true);
-    m_userFile.SetItem(section, kGeoidManual, value, true);
-    return SaveAndInit();
+    return ChangeSystem(group, system, {{kGeoidUse, use}, {kGeoidMethod, method}, {kGeoidManual, value}});
 }
 
 bool ZorGeoDatabase::SetpostCorrections(CString group, CString system, double x, double y, double z, CString model,
                                         CString file, bool use)
 {
-    if (!CanBeSet(group, system)) {
-        return false;
-    }
-    const CString section = kSystemPrefix + system;
-    m_userFile.SetItem(section, kPostFile, file, true);
-    m_userFile.SetItem(section, kPostModel, model, true);
-    m_userFile.SetItem(section, kPostX, x, true);
-    m_userFile.SetItem(section, kPostY, y, true);
-    m_userFile.SetItem(section, kPostZ, z, true);
-    m_userFile.SetItem(section, kPostUse, use, true);
-    return SaveAndInit();
+    return ChangeSystem(
+        group, system,
+        {{kPostFile, file}, {kPostModel, model}, {kPostX, x}, {kPostY, y}, {kPostZ, z}, {kPostUse, use}});
 }

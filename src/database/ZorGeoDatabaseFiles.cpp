@@ -4,15 +4,13 @@
 
 #include "database/SectionWalks.h"
 #include "database/ZorGeoDatabase.h"
+#include "frame/ReadItem.h"
 #include "frame/RecordNames.h"
 #include "frame/ZorGeoUtility.h"
 
 ZorGeoDatabase::ZorGeoDatabase()
 {
-    ZorGeoUtility& utility = ZorGeoUtility::Get();
-    if (!utility.initialised) {
-        utility.Fill();
-    }
+    const ZorGeoUtility& utility = ZorGeoUtility::Filled();
     m_mainPath = utility.mainDatabaseDir;
     m_userPath = utility.userDatabaseDir;
 }
@@ -51,14 +49,10 @@ bool ZorGeoDatabase::Init()
     for (std::vector<CString>* list : {&m_prjNames, &m_prjMethods, &m_spare, &m_dtfTargetElps, &m_dtfSourceElps}) {
         list->clear();
     }
-    if (!FindAllElpNamesInDtf(GeoDbMain)) {
-        return false;
+    for (const FileObject* file : {&m_mainFile, &m_userFile}) {
+        FindAllElpNamesInDtf(*file);
+        FindAllPrjNamesAndMethods(*file);
     }
-    FindAllElpNamesInDtf(GeoDbUser);
-    if (!FindAllPrjNamesAndMethods(GeoDbMain)) {
-        return false;
-    }
-    FindAllPrjNamesAndMethods(GeoDbUser);
     return true;
 }
 
@@ -80,7 +74,8 @@ FileObject& ZorGeoDatabase::GetUserFile()
 
 bool ZorGeoDatabase::OpenFiles(bool& userFileMade)
 {
-    // A datum record that could not be loaded may have left its file throwing.
+    // A datum record that could not be loaded may have left its file throwing. The module's own
+    // readings do not care; a host that reads the files starts anew.
     m_mainFile.ThrowExceptions(false);
     m_userFile.ThrowExceptions(false);
     if (!m_mainFile.FileOpen(m_mainPath + kMainDatabaseFile, FileMode::openForReading)) {
@@ -101,58 +96,44 @@ bool ZorGeoDatabase::BothOpen() const
 
 const FileObject* ZorGeoDatabase::FileNamed(unsigned which) const
 {
-    switch (which) {
-    case GeoDbUser:
+    if (which == GeoDbUser) {
         return &m_userFile;
-    case GeoDbMain:
-        return &m_mainFile;
-    default:
-        return nullptr;
     }
+    return which == GeoDbMain ? &m_mainFile : nullptr;
 }
 
-bool ZorGeoDatabase::FindAllElpNamesInDtf(unsigned which)
+void ZorGeoDatabase::FindAllElpNamesInDtf(const FileObject& file)
 {
-    const FileObject* file = FileNamed(which);
-    if (!file) {
-        return false;
-    }
     CString section;
     // Kept: a record without an ellipsoid's name is listed with that of the record before it.
     CString source;
     CString target;
-    ForEachListedName(*file, kDatumsSection, [&](CString& name) {
+    ForEachListedName(file, kDatumsSection, [&](CString& name) {
         section = kDatumPrefix;
         section += name;
         // Most records have the first key, which saves asking for the section.
-        if (!file->GetItem(section, transParamKeys[TransKey::target], target) && !file->HasSection(section)) {
+        if (!ReadItem(file, section, transParamKeys[TransKey::target], target) && !file.HasSection(section)) {
             return;
         }
-        file->GetItem(section, transParamKeys[TransKey::source], source);
+        ReadItem(file, section, transParamKeys[TransKey::source], source);
         m_dtfTargetElps.push_back(target);
         m_dtfSourceElps.push_back(source);
         m_dtfNames.push_back(std::move(name));
     });
-    return true;
 }
 
-bool ZorGeoDatabase::FindAllPrjNamesAndMethods(unsigned which)
+void ZorGeoDatabase::FindAllPrjNamesAndMethods(const FileObject& file)
 {
-    const FileObject* file = FileNamed(which);
-    if (!file) {
-        return false;
-    }
     CString section;
     // Kept: a record without a method is listed with that of the record before it.
     CString method;
-    ForEachListedName(*file, kProjectionsSection, [&](CString& name) {
+    ForEachListedName(file, kProjectionsSection, [&](CString& name) {
         section = kProjectionPrefix;
         section += name;
-        if (!file->GetItem(section, kProjectionMethod, method) && !file->HasSection(section)) {
+        if (!ReadItem(file, section, kProjectionMethod, method) && !file.HasSection(section)) {
             return;
         }
         m_prjNames.push_back(std::move(name));
         m_prjMethods.push_back(method);
     });
-    return true;
 }

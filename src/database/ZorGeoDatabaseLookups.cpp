@@ -16,24 +16,6 @@ namespace {
 
 constexpr short kUnitDigits = 7;
 
-/// Asks the file, or both, the user file first.
-/// Kept: a `which` that names no file is answered with true, so that a caller who does not say
-/// which file takes no name for free.
-template <typename Test>
-bool Ask(unsigned which, const FileObject& userFile, const FileObject& mainFile, Test test)
-{
-    switch (which) {
-    case GeoDbUser:
-        return test(userFile);
-    case GeoDbMain:
-        return test(mainFile);
-    case GeoDbBoth:
-        return test(userFile) || test(mainFile);
-    default:
-        return true;
-    }
-}
-
 } // namespace
 
 // Systems.
@@ -51,9 +33,7 @@ const FileObject* ZorGeoDatabase::FileOfSystem(const CString& group, const CStri
 CString ZorGeoDatabase::SystemText(const CString& group, const CString& system, const CString& key) const
 {
     CString text;
-    if (const FileObject* file = FileOfSystem(group, system)) {
-        file->GetItem(kSystemPrefix + system, key, text);
-    }
+    ReadItems<CString>(FileOfSystem(group, system), kSystemPrefix + system, {{key, text}});
     return text;
 }
 
@@ -109,7 +89,7 @@ bool ZorGeoDatabase::FindGroupAndSysByPrjName(CString projection, CString& group
 
 // Projections.
 
-FileObject* ZorGeoDatabase::FileOfProjection(const CString& name)
+const FileObject* ZorGeoDatabase::FileOfProjection(const CString& name)
 {
     if (HasProjection(name, GeoDbUser)) {
         return &m_userFile;
@@ -130,9 +110,7 @@ const FileObject* ZorGeoDatabase::UserThenMainFile(const CString& section) const
 CString ZorGeoDatabase::UserThenMainText(const CString& section, const CString& key) const
 {
     CString text;
-    if (const FileObject* file = UserThenMainFile(section)) {
-        file->GetItem(section, key, text);
-    }
+    ReadItems<CString>(UserThenMainFile(section), section, {{key, text}});
     return text;
 }
 
@@ -153,37 +131,39 @@ bool ZorGeoDatabase::GetPrjUTMInfo(CString projection, CString& zone, CString& h
     if (!file) {
         return false;
     }
-    file->GetItem(section, projectionParamKeys[ProjectionKey::hemisphere], hemisphere);
-    file->GetItem(section, projectionParamKeys[ProjectionKey::utmZone], zone);
+    ReadItems<CString>(file, section,
+                       {{projectionParamKeys[ProjectionKey::hemisphere], hemisphere},
+                        {projectionParamKeys[ProjectionKey::utmZone], zone}});
     return true;
 }
 
 int ZorGeoDatabase::GetPrjTypeByPrjName(CString projection)
 {
     int type = 0;
-    if (const FileObject* file = FileOfProjection(projection)) {
-        file->GetItem(kProjectionPrefix + projection, projectionParamKeys[ProjectionKey::type], type);
-    }
+    ReadItems<int>(FileOfProjection(projection), kProjectionPrefix + projection,
+                   {{projectionParamKeys[ProjectionKey::type], type}});
     return type;
 }
 
 bool ZorGeoDatabase::GetPrjConstantsByName(CString projection, CArray<double, double>& values, CStringArray& names,
                                            CStringArray& texts, CArray<UINT, UINT>& kinds)
 {
-    FileObject* file = FileOfProjection(projection);
+    const FileObject* file = FileOfProjection(projection);
     if (!file) {
         return false;
     }
     const CString section = kProjectionPrefix + projection;
     int type = 0;
-    file->GetItem(section, projectionParamKeys[ProjectionKey::type], type);
+    ReadItem(*file, section, projectionParamKeys[ProjectionKey::type], type);
     const std::unique_ptr<CProjection> made(
         ProjectionFactory::CreateProjectionByType(static_cast<std::uint32_t>(type)));
     if (!made) {
         return false;
     }
     // Without an ellipsoid the load is refused at its end, with the constants complete.
-    made->LoadParameters(*file, section);
+    if (LoadProjection(*made, *file, section) == ProjectionLoad::unlistable) {
+        return false;
+    }
     made->GetProjectionConstants(values, names, texts, kinds);
     return true;
 }
@@ -215,8 +195,8 @@ bool ZorGeoDatabase::GetElpNamesByDtfName(CString name, CString& source, CString
     if (!file) {
         return false;
     }
-    file->GetItem(section, transParamKeys[TransKey::source], source);
-    file->GetItem(section, transParamKeys[TransKey::target], target);
+    ReadItems<CString>(file, section,
+                       {{transParamKeys[TransKey::source], source}, {transParamKeys[TransKey::target], target}});
     return true;
 }
 
@@ -240,12 +220,6 @@ CString ZorGeoDatabase::GetDatumKeyByName(CString)
 bool ZorGeoDatabase::FindElpsoidInFiles(const CString& name, double& semiMajor, double& eccSquared) const
 {
     return FindElpsoid(m_mainFile, name, semiMajor, eccSquared) || FindElpsoid(m_userFile, name, semiMajor, eccSquared);
-}
-
-bool ZorGeoDatabase::GetElpSqEccen(const CString& name, double& eccSquared) const
-{
-    double semiMajor = 0.0;
-    return FindElpsoidInFiles(name, semiMajor, eccSquared);
 }
 
 bool ZorGeoDatabase::GetElpParamByElpName(CString name, double& a, double& b, double& e, double&, double& f,
@@ -310,9 +284,20 @@ bool ZorGeoDatabase::CreateNewUnit(CString name, double factor, CString suffix, 
 
 // Existence.
 
+// Kept: a `which` that names no file is answered with true, so that a caller who does not say
+// which file takes no name for free.
+template <typename Test>
+bool ZorGeoDatabase::Ask(unsigned which, Test test) const
+{
+    if (const FileObject* file = FileNamed(which)) {
+        return test(*file);
+    }
+    return which != GeoDbBoth || test(m_userFile) || test(m_mainFile);
+}
+
 bool ZorGeoDatabase::HasRecord(const CString& section, unsigned which) const
 {
-    return Ask(which, m_userFile, m_mainFile, [&](const FileObject& file) { return file.HasSection(section); });
+    return Ask(which, [&](const FileObject& file) { return file.HasSection(section); });
 }
 
 bool ZorGeoDatabase::HasGroup(CString name, unsigned which)
@@ -342,7 +327,7 @@ bool ZorGeoDatabase::HasProjection(CString name, unsigned which)
 
 bool ZorGeoDatabase::HasUint(CString name, unsigned which)
 {
-    return Ask(which, m_userFile, m_mainFile, [&](const FileObject& file) {
+    return Ask(which, [&](const FileObject& file) {
         CString text;
         CString key;
         return FindUnit(file, name, text, key);

@@ -103,8 +103,8 @@ bool CDatumTransform::Load(ZorGeoDatabase& database, FileObject& file, const CSt
         file.ThrowExceptions(true);
         return LoadRecord(database, file);
     } catch (const CString&) {
-        // Kept: the file stays in the mode that throws. Who goes on reading a file after a broken
-        // datum record learns of every further gap.
+        // Kept: the file stays in the mode that throws. A host that goes on reading it after a broken
+        // datum record learns of every further gap; the module's own readings (ReadItem) do not care.
         return false;
     }
 }

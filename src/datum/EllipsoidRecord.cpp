@@ -1,5 +1,6 @@
 #include "database/ZorGeoDatabase.h"
 #include "datum/Ellipsoid.h"
+#include "frame/ReadItem.h"
 
 bool Ellipsoid::LoadFrom(FileObject& file, const CString& section)
 {
@@ -7,15 +8,11 @@ bool Ellipsoid::LoadFrom(FileObject& file, const CString& section)
     if (!file.HasSection(section)) {
         return false;
     }
+    // A missing value counts as 0: Set refuses it for the axis, and for e2 it makes a sphere.
     double a = 0.0;
     double e2 = 0.0;
-    try {
-        file.GetItem(section, spheroidKeys[SpheroidKey::semiMajor], a);
-        file.GetItem(section, spheroidKeys[SpheroidKey::eccSquared], e2);
-    } catch (const CString&) {
-        // A datum record that could not be read leaves its file in the mode that throws; here a
-        // missing value counts as 0, which Set refuses.
-    }
+    ReadItem(file, section, spheroidKeys[SpheroidKey::semiMajor], a);
+    ReadItem(file, section, spheroidKeys[SpheroidKey::eccSquared], e2);
     return Set(a, e2) == good;
 }
 

@@ -22,11 +22,12 @@ constexpr DirectoryRow kDirectories[] = {{DataSearch::currentProject, &ZorGeoUti
                                          {DataSearch::temporary, &ZorGeoUtility::path26Dir}};
 
 /// False when the file system refuses.
-bool SetAttribute(const CString& name, CFileStatus& status, unsigned attribute)
+bool SetAttribute(const ZorGeoUtility::SetStatus& setStatus, const CString& name, CFileStatus& status,
+                  unsigned attribute)
 {
     status.attribute = attribute;
     try {
-        CFile::SetStatus(name, status);
+        setStatus(name, status);
     } catch (const CFileException&) {
         return false;
     }
@@ -38,6 +39,15 @@ bool SetAttribute(const CString& name, CFileStatus& status, unsigned attribute)
 ZorGeoUtility& ZorGeoUtility::Get()
 {
     static ZorGeoUtility utility;
+    return utility;
+}
+
+ZorGeoUtility& ZorGeoUtility::Filled()
+{
+    ZorGeoUtility& utility = Get();
+    if (!utility.initialised) {
+        utility.Fill();
+    }
     return utility;
 }
 
@@ -64,16 +74,21 @@ int ZorGeoUtility::Fill()
 
 bool ZorGeoUtility::GuardedSave(FileObject& file)
 {
+    return GuardedSave(file, &CFile::SetStatus);
+}
+
+bool ZorGeoUtility::GuardedSave(FileObject& file, const SetStatus& setStatus)
+{
     const CString name = file.GetFileName();
     CFileStatus status;
     const bool readOnly = CFile::GetStatus(name, status) && (status.attribute & CFileStatus::readOnly) != 0;
     const unsigned attribute = status.attribute;
-    if (readOnly && !SetAttribute(name, status, attribute & ~CFileStatus::readOnly)) {
+    if (readOnly && !SetAttribute(setStatus, name, status, attribute & ~CFileStatus::readOnly)) {
         AfxMessageBox(L"Database file open for writing failed");
         return false;
     }
     // Kept: a save that fails (disk full) is not reported here; the database that is read again
     // afterwards shows what stands on the disk.
     file.FileSave(name, FileMode::saveExclusive);
-    return !readOnly || SetAttribute(name, status, attribute);
+    return !readOnly || SetAttribute(setStatus, name, status, attribute);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "frame/BaseContract.h"
 
 /// The directories that the module works in, one for the process.
@@ -17,6 +19,8 @@ public:
 
     /// The process's one object: all texts empty and not `initialised` until it is filled.
     static ZorGeoUtility& Get();
+    /// The same, after a try to fill it unless it is filled. For constructors.
+    static ZorGeoUtility& Filled();
 
     /// Fills the fields from the running executable and from DataSearch.
     /// 0 when the executable's name is not known, with every field untouched, or when a
@@ -29,6 +33,9 @@ public:
     /// False when the attribute cannot be taken away (nothing is saved then, and a message box
     /// says so) or cannot be put back. The success of the save itself is not part of the result.
     bool GuardedSave(FileObject& file);
+    using SetStatus = std::function<void(const CString& file, const CFileStatus& status)>;
+    /// The same through an operation of CFile::SetStatus's contract.
+    static bool GuardedSave(FileObject& file, const SetStatus& setStatus);
 
     CString mainDatabaseDir;    ///< delivered database
     CString userDatabaseDir;    ///< user database

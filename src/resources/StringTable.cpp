@@ -2,11 +2,14 @@
 
 namespace {
 
-// 15351 has no text on purpose: the title of an ellipsoid is empty. 15353, 15354, 15356 and 15376
-// are reserved and nothing shows them. 15393 is also the format by which a zone is scanned.
+// 15351 has no text on purpose: the title of an ellipsoid is empty. Nothing shows 15353, 15354,
+// 15356 and 15376, which hosts may load. 15393 is also the format by which a zone is scanned.
 constexpr StringTableEntry kTexts[] = {
     {15352, L"Semi-Major Axis"},
+    {15353, L"Semi-Minor Axis"},
+    {15354, L"Eccentricity"},
     {15355, L"Inv. Flattening"},
+    {15356, L"Flattening"},
     {15357, L"SYSTEM: "},
     {15358, L"UNIT:  "},
     {15359, L"Metric Conversion Factor:"},
@@ -26,6 +29,7 @@ constexpr StringTableEntry kTexts[] = {
     {15373, L"Rotation Y(sec):   "},
     {15374, L"Rotation Z(sec):   "},
     {15375, L"Scale factor[ppm]:   "},
+    {15376, L"Datum Transformation: "},
     {15377, L"Satellite ellipsoid:   "},
     {15378, L"Local ellipsoid:   "},
     {15379, L"Unit: "},

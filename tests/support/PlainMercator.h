@@ -58,8 +58,8 @@ public:
 
     double LineScale(double E1, double N1, double E2, double N2) const
     {
-        return 1 / ((1 / PointScale(E2, N2) + 4 / PointScale((E1 + E2) / 2, (N1 + N2) / 2) + 1 / PointScale(E1, N1)) /
-                    6);
+        return 1 /
+               ((1 / PointScale(E2, N2) + 4 / PointScale((E1 + E2) / 2, (N1 + N2) / 2) + 1 / PointScale(E1, N1)) / 6);
     }
 
 private:
@@ -73,10 +73,7 @@ private:
                         std::pow((1 - e * std::sin(phi)) / (1 + e * std::sin(phi)), e / 2));
     }
 
-    double M() const
-    {
-        return std::sqrt(1 - e2 * std::pow(std::sin(phits * kRad), 2)) / std::cos(phits * kRad);
-    }
+    double M() const { return std::sqrt(1 - e2 * std::pow(std::sin(phits * kRad), 2)) / std::cos(phits * kRad); }
 };
 
 } // namespace plain

@@ -22,6 +22,11 @@ struct PointCase {
     double latitude = 0.0, longitude = 0.0, easting = 0.0, northing = 0.0;
 };
 
+inline void PrintTo(const PointCase& point, std::ostream* stream)
+{
+    *stream << point.where << ", " << point.source;
+}
+
 /// Reader of tests/data/points/*.cases: a line per fact, each stands until another takes its place.
 ///
 ///     source      free text, begins a new projection

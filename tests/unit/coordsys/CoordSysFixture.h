@@ -65,6 +65,30 @@ public:
     }
 };
 
+/// A catalogue whose section of a Transverse Mercator has not the places of its parameters.
+struct UnfitCatalogue {
+    const char* what;
+    void (*spoil)(FileObject& catalogue);
+
+    void Write(const TestDatabase& database) const
+    {
+        FileObject catalogue;
+        ASSERT_TRUE(
+            catalogue.FileOpen(database.Directory().File("main/ZorProjectionStatic.dat"), FileMode::openForReading));
+        spoil(catalogue);
+        ASSERT_TRUE(catalogue.FileSave(L"", FileMode::saveExclusive));
+    }
+};
+inline const UnfitCatalogue kUnfitCatalogues[] = {
+    {"no Unitflag", [](FileObject& c) { c.DeleteItem(L"Transverse Mercator", L"Unitflag", false); }},
+    {"no entry",
+     [](FileObject& c) {
+         c.DeleteSection(L"Transverse Mercator");
+         c.CreateSection(L"Transverse Mercator", true);
+     }},
+    {"no section", [](FileObject& c) { c.DeleteSection(L"Transverse Mercator"); }},
+    {"no list of methods", [](FileObject& c) { c.DeleteSection(kCatalogueMethods); }}};
+
 /// What a project asks for beside the system.
 struct InitArguments {
     CString geoidModel = {};

@@ -86,14 +86,18 @@ public:
 };
 
 // A grid model and a geoid in memory, post shifts and both adjusts: every step has work to do.
+// Or both models refuse every place.
 struct FullSystem {
-    FullSystem()
+    explicit FullSystem(bool modelsAnswer = true)
     {
         TestGeoidSettings post;
-        post.gridShift = LinearShift(1.0, 1e-6, -1.0, 1e-6);
-        post.geoShift = LinearShift(1e-5, 1e-7, -1e-5, 1e-7);
+        TestGeoidSettings geoid;
+        if (modelsAnswer) {
+            post.gridShift = LinearShift(1.0, 1e-6, -1.0, 1e-6);
+            post.geoShift = LinearShift(1e-5, 1e-7, -1e-5, 1e-7);
+            geoid = GridGeoid({49.0, 2.0, 5.0, 2, 2, {40.0, 41.0, 42.0, 44.0}});
+        }
         post.recordsCalculations = false;
-        TestGeoidSettings geoid = GridGeoid({49.0, 2.0, 5.0, 2, 2, {40.0, 41.0, 42.0, 44.0}});
         geoid.recordsCalculations = false;
         const ScopedGeoidModel<4> ostn(post);
         const ScopedGeoidModel<7> egm96(geoid);
@@ -229,6 +233,21 @@ TEST_P(ZORGeoCoordSysAllocations, AMillionPositionsWithoutOne)
     EXPECT_EQ(t_allocations - before, 0u);
     EXPECT_TRUE(std::isfinite(sum)) << "the positions lie where everything answers";
     EXPECT_NE(sum, 0.0);
+}
+
+TEST_P(ZORGeoCoordSysAllocations, NoneWhenTheModelsRefuse)
+{
+    const Row row = GetParam();
+    FullSystem refusing(false);
+    double geoid = -1.0;
+    ASSERT_FALSE(refusing.system.CalGeoidHeight(52.0, 5.0, 0.0, 0.0, geoid));
+    double a = 0.0, b = 0.0, c = 0.0;
+    row.convert(refusing.system, PositionNumber(0), a, b, c); // makes the named transformation
+    const unsigned long long before = t_allocations;
+    for (int i = 0; i < 1000; ++i) {
+        row.convert(refusing.system, PositionNumber(i), a, b, c);
+    }
+    EXPECT_EQ(t_allocations - before, 0u);
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryConversion, ZORGeoCoordSysAllocations, testing::ValuesIn(kConversions),

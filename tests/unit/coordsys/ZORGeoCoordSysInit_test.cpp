@@ -419,6 +419,40 @@ TEST(ZORGeoCoordSysInit, WhatIsNotFoundGivesFalseWithoutMessage)
     }
 }
 
+TEST(ZORGeoCoordSysInit, CatalogueWithoutPlacesForTheConstantsGivesFalse)
+{
+    for (const UnfitCatalogue& unfit : kUnfitCatalogues) {
+        ScriptedDesk desk;
+        SurveyDatabase database;
+        database.Save();
+        unfit.Write(database);
+        ZORGeoCoordSys system;
+        bool answer = true;
+        EXPECT_NO_THROW(answer = InitOpen(system, database.project, kPlainSystem, true)) << unfit.what;
+        EXPECT_FALSE(answer) << unfit.what;
+        EXPECT_FALSE(system.IsInit()) << unfit.what;
+        EXPECT_EQ(EastingOnMeridian(system), -1.0) << unfit.what;
+    }
+}
+
+TEST(ZORGeoCoordSysInit, ProjectInTheModeThatThrowsIsNoException)
+{
+    SurveyDatabase database;
+    database.project.DeleteItem(FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], false);
+    database.project.SetItem(FORMATS_SECTION, L"Other", 1, true);
+    database.Save();
+    database.project.ThrowExceptions(true);
+    ZORGeoCoordSys system;
+    bool answer = false;
+    ASSERT_NO_THROW(answer = InitOpen(system, database.project, kPlainSystem, true));
+    EXPECT_TRUE(answer);
+    ASSERT_NO_THROW(answer = system.SetCoordSysUnit(L"Feet"));
+    EXPECT_TRUE(answer);
+    EXPECT_EQ(FactorOf(system), 0.3048);
+    CString text;
+    EXPECT_THROW(database.project.GetItem(FORMATS_SECTION, L"None", text), CString) << "the host's own mode";
+}
+
 TEST(ZORGeoCoordSysInit, UnknownUnitGivesFalseWithAllPartsBuilt)
 {
     ScriptedDesk desk;

@@ -343,6 +343,50 @@ TEST(ZORGeoCoordSysQueries, UnitStaysChangedWhenTheProjectionCannotBeMade)
     EXPECT_EQ(system.PointScaleFactor(500000.0, 5760000.0), 0.0) << "no projection is left";
 }
 
+TEST(ZORGeoCoordSysQueries, UnitStaysChangedWhenTheCatalogueHasNoPlacesForTheConstants)
+{
+    for (const UnfitCatalogue& unfit : kUnfitCatalogues) {
+        SurveyDatabase database;
+        ZORGeoCoordSys system;
+        MakeReady(system, database, kPlainSystem);
+        unfit.Write(database);
+        bool answer = true;
+        EXPECT_NO_THROW(answer = system.SetCoordSysUnit(L"Feet")) << unfit.what;
+        EXPECT_FALSE(answer) << unfit.what;
+        double factor = 0.0;
+        system.GetLinearUnitCnv(factor);
+        EXPECT_EQ(factor, 0.3048) << unfit.what;
+        EXPECT_EQ(system.PointScaleFactor(500000.0, 5760000.0), 0.0) << "no projection is left";
+    }
+}
+
+// A host that loads a broken datum from the system's own database leaves both its files throwing.
+TEST(ZORGeoCoordSysQueries, UnitChangesOnADatabaseThatABrokenDatumHasLeftThrowing)
+{
+    SurveyDatabase database;
+    AddUnit(database.user, L"Fathoms", L"1.8288,fm");
+    AddProjection(database.user, {.name = L"User TM"});
+    database.SetSystemItem(kPlainSystem, kSystemProjection, CString(L"User TM"));
+    for (FileObject* file : {&database.main, &database.user}) {
+        file->SetItem(kDatumPrefix + L"Broken", kDatumMethod, kMethodHelmert7, true);
+    }
+    ZORGeoCoordSys system;
+    MakeReady(system, database, kPlainSystem);
+    CDatumTransform broken;
+    ASSERT_FALSE(broken.Load(dynamic_cast<ZorGeoDatabase&>(system.GetGeoDatabase()), kDatumPrefix + L"Broken"));
+    bool answer = false;
+    ASSERT_NO_THROW(answer = system.SetCoordSysUnit(L"Fathoms"));
+    EXPECT_TRUE(answer);
+    double factor = 0.0;
+    system.GetLinearUnitCnv(factor);
+    EXPECT_EQ(factor, 1.8288);
+    double x = 0.0, y = 0.0;
+    system.GeoToGrid(52.0, 5.0, x, y, false);
+    EXPECT_EQ(x, 500000.0);
+    ASSERT_NO_THROW(answer = system.SetCoordSysUnit(L"Cubits"));
+    EXPECT_FALSE(answer);
+}
+
 TEST(ZORGeoCoordSysQueries, UnitChangeReadsTheProjectsFormatAgain)
 {
     SurveyDatabase database;

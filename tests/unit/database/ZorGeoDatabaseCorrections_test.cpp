@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "tests/support/ScriptedDesk.h"
 #include "tests/unit/database/DatabaseFixture.h"
 
@@ -263,6 +265,43 @@ TEST_F(ZorGeoDatabaseCorrections, PostCorrectionsAreWrittenToTheUserFile)
     EXPECT_TRUE(database.HasPostCorrection(L"Ports", L"Mine"));
     EXPECT_EQ(OnDisk(userDirectory, L"Post coorection file"), L"shift.gsb");
     EXPECT_EQ(OnDisk(userDirectory, L"Post coorection model"), L"NTv2");
+}
+
+TEST_F(ZorGeoDatabaseCorrections, SettersWriteTheirKeysInOrderBehindTheOthers)
+{
+    struct Case {
+        const char* name;
+        bool (*set)(ZorGeoDatabase&);
+        GeoText::Entries written;
+    };
+    const Case cases[] = {
+        {"geoid model",
+         [](ZorGeoDatabase& d) { return d.SetGeoidModel(L"Ports", L"Mine", L"EGM96", L"e.gtx", true); },
+         {{L"Geoid model use statu", "1"}, {L"Geoid model method", "EGM96"}, {L"Geoid model grid", "e.gtx"}}},
+        {"separation",
+         [](ZorGeoDatabase& d) { return d.SetManualGeoidModel(L"Ports", L"Mine", L"Manual", 43.25, false); },
+         {{L"Geoid model use statu", "0"}, {L"Geoid model method", "Manual"}, {L"Manual input value", "43.25"}}},
+        {"post corrections",
+         [](ZorGeoDatabase& d) {
+             return d.SetpostCorrections(L"Ports", L"Mine", 0.5, -2.5, 3.25, L"NTv2", L"s.gsb", true);
+         },
+         {{L"Post coorection file", "s.gsb"},
+          {L"Post coorection model", "NTv2"},
+          {L"Post X coorection", "0.5"},
+          {L"Post Y coorection", "-2.5"},
+          {L"Post Z coorection", "3.25"},
+          {L"Post coorection statu", "1"}}},
+    };
+    for (const Case& c : cases) {
+        ZorGeoDatabase database;
+        OpenWith(database, {}, {{L"Unit name", "Meters"}});
+        ASSERT_TRUE(c.set(database)) << c.name;
+        GeoText::Entries record = {{L"Unit name", "Meters"}};
+        record.insert(record.end(), c.written.begin(), c.written.end());
+        EXPECT_THAT(userDirectory.Read("zorusergeobase.geo"),
+                    testing::EndsWith(GeoText().Section(L"Sys-Mine", record).Text()))
+            << c.name;
+    }
 }
 
 TEST_F(ZorGeoDatabaseCorrections, SetterGivesTheResultOfInit)

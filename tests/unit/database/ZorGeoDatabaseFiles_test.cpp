@@ -121,10 +121,16 @@ TEST_F(ZorGeoDatabaseFiles, InitFailsWhenTheUserFileCannotBeMade)
 TEST_F(ZorGeoDatabaseFiles, UserFileThatCannotBeReadIsMadeAnew)
 {
     WriteMain({});
-    userDirectory.Write("zorusergeobase.geo", "a key before any section\n");
-    ZorGeoDatabase database;
-    EXPECT_TRUE(database.Init());
-    EXPECT_EQ(userDirectory.Read("zorusergeobase.geo"), "");
+    for (const char* number : {"1", "2"}) {
+        const std::string text = "a key before any section " + std::string(number) + "\n";
+        userDirectory.Write("zorusergeobase.geo", text);
+        ZorGeoDatabase database;
+        EXPECT_TRUE(database.Init());
+        EXPECT_TRUE(database.GetUserFile().FileInitialised());
+        EXPECT_EQ(userDirectory.Read("zorusergeobase.geo"), "");
+        EXPECT_EQ(userDirectory.Read("zorusergeobase.geo.old-" + std::string(number)), text);
+    }
+    EXPECT_EQ(userDirectory.Read("zorusergeobase.geo.old-1"), "a key before any section 1\n");
 }
 
 TEST_F(ZorGeoDatabaseFiles, ListsAnswerOnlyWhileBothFilesAreOpen)
@@ -296,7 +302,7 @@ TEST_F(ZorGeoDatabaseFiles, CopyHoldsFilesAndListsOfItsOwn)
     }
 }
 
-TEST_F(ZorGeoDatabaseFiles, DestructorClosesTheMainFileAndLeavesTheDiskAlone)
+TEST_F(ZorGeoDatabaseFiles, WhatWasNotSavedIsGoneWithTheObject)
 {
     const GeoText mainContent = GeoText().List(L"Groups Section", {"Ports"});
     const GeoText userContent = GeoText().List(L"Groups Section", {"Mine"});

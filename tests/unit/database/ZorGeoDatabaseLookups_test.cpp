@@ -1,6 +1,8 @@
 #include <cmath>
+#include <filesystem>
 #include <limits>
 
+#include "datum/CDatumTransform.h"
 #include "tests/unit/database/DatabaseFixture.h"
 
 namespace {
@@ -247,6 +249,53 @@ TEST_F(ZorGeoDatabaseLookups, ConstantsAreRefusedWithoutARecordOrAClass)
     EXPECT_EQ(values.GetSize(), 1);
 }
 
+TEST_F(ZorGeoDatabaseLookups, ConstantsAreRefusedWithoutTheirPlacesInTheCatalogue)
+{
+    ZorGeoDatabase database;
+    Open(database,
+         GeoText().Section(L"Prj-Zone", {{projectionParamKeys[1], "0"},
+                                         {L"LatOrigin", "49"},
+                                         {L"LonOrigin", "-2"},
+                                         {L"FalseEasting", "400000"},
+                                         {L"FalseNorthing", "-100000"},
+                                         {L"ScaleFactor", "0.9996012717"}}),
+         {});
+    const GeoText methods = GeoText().Section(L"Projections-Section", {{L"0", "TM"}});
+    const std::string catalogues[] = {
+        GeoText(methods).Section(L"TM", {}).Text(), // taken for -1 parameters
+        // Without "Unitflag" one place too few, and the last parameter in the place behind.
+        GeoText(methods)
+            .Section(L"ParaStatic-Section",
+                     {{L"LonOrigin", "Meridian,1"}, {L"LatOrigin", "Parallel,2"}, {L"ScaleFactor", "k,4"}})
+            .Section(L"TM", {{L"0", "LonOrigin"}, {L"1", "LatOrigin"}, {L"2", "ScaleFactor"}})
+            .Text(),
+    };
+    for (const std::string& catalogue : catalogues) {
+        mainDirectory.Write("ZorProjectionStatic.dat", catalogue);
+        CArray<double, double> values;
+        values.Add(7.0);
+        CStringArray names;
+        CStringArray texts;
+        CArray<UINT, UINT> kinds;
+        bool answer = true;
+        EXPECT_NO_THROW(answer = database.GetPrjConstantsByName(L"Zone", values, names, texts, kinds)) << catalogue;
+        EXPECT_FALSE(answer) << catalogue;
+        EXPECT_EQ(values.GetSize(), 1);
+        EXPECT_TRUE(names.IsEmpty());
+    }
+    // A method that the catalogue does not have at all has no constants.
+    for (const std::string& catalogue : {std::string(), methods.Text()}) {
+        mainDirectory.Write("ZorProjectionStatic.dat", catalogue);
+        CArray<double, double> values;
+        values.Add(7.0);
+        CStringArray names;
+        CStringArray texts;
+        CArray<UINT, UINT> kinds;
+        EXPECT_TRUE(database.GetPrjConstantsByName(L"Zone", values, names, texts, kinds)) << catalogue;
+        EXPECT_TRUE(values.IsEmpty()) << catalogue;
+    }
+}
+
 // Datum transformations.
 
 TEST_F(ZorGeoDatabaseLookups, DatumInBothFilesIsToldFromBoth)
@@ -295,6 +344,28 @@ TEST_F(ZorGeoDatabaseLookups, DatumInBothFilesIsToldFromBoth)
         EXPECT_EQ(target, CString::FromUtf8(std::string("target ") + c.names));
         EXPECT_EQ(database.GetDtfDescription(c.name), CString::FromUtf8(std::string("text ") + c.names));
     }
+}
+
+TEST_F(ZorGeoDatabaseLookups, ShortenedNameInTheMainFileHidesTheExactOneOfTheUserFile)
+{
+    ZorGeoDatabase database;
+    Open(database, GeoText().Section(L"Dtf-A -  C", {{L"Method name", "main"}, {transParamKeys[4], "1.5"}}),
+         GeoText().Section(L"Dtf-A - B: C", {{L"Method name", "user"}, {transParamKeys[4], "2.5"}}));
+    CString method = L"m", source = L"s", target = L"t";
+    double d[15];
+    std::fill(std::begin(d), std::end(d), 9.0);
+    bool fixedHeight = true;
+    double forward = 9.0, reverse = 9.0;
+    EXPECT_TRUE(database.GetDtfParamByName(L"A - B: C", method, d[0], d[1], d[2], d[3], d[4], d[5], d[6], d[7], d[8],
+                                           d[9], d[10], d[11], d[12], d[13], d[14], source, target, fixedHeight,
+                                           forward, reverse));
+    EXPECT_EQ(method, L"m");
+    EXPECT_EQ(source, L"s");
+    EXPECT_EQ(target, L"t");
+    for (int i = 0; i < 15; ++i) {
+        EXPECT_EQ(d[i], i < 7 ? 9.0 : 0.0) << i;
+    }
+    EXPECT_FALSE(fixedHeight);
 }
 
 TEST_F(ZorGeoDatabaseLookups, UnknownDatumLeavesEveryOutput)
@@ -571,4 +642,97 @@ TEST_F(ZorGeoDatabaseLookups, EverythingExistsInAFileThatIsNone)
         EXPECT_TRUE(database.HasUint(L"any", which));
         EXPECT_TRUE(database.HasProjection(L"any", which));
     }
+}
+
+// The mode that throws.
+
+TEST_F(ZorGeoDatabaseLookups, NoReaderThrowsAfterABrokenDatumHasLeftItsFileThrowing)
+{
+    // Every record is there, and has none of the keys that are asked for.
+    GeoText bare;
+    bare.List(L"Groups Section", {"Ports"}).List(L"Gp-Ports", {"Bare"}).List(L"Gp-Gone", {"None"});
+    bare.List(L"DatumTransform Section", {"Bare"}).List(L"Projections section", {"Bare"});
+    bare.Section(L"Units section", {{L"Meters", "one,m"}});
+    for (const wchar_t* section : {L"Sys-Bare", L"Dtf-Bare", L"Prj-Bare", L"Elp-Bare"}) {
+        bare.Section(section, {{L"Other", "x"}});
+    }
+    // A projection whose record lacks a key that it may lack.
+    bare.Section(L"Prj-Zone", {{projectionParamKeys[1], "0"},
+                               {L"LatOrigin", "49"},
+                               {L"LonOrigin", "-2"},
+                               {L"FalseEasting", "400000"},
+                               {L"FalseNorthing", "-100000"},
+                               {L"ScaleFactor", "0.9996"}});
+    ZorGeoDatabase database;
+    Open(database, bare, bare);
+    std::filesystem::copy(std::filesystem::path(ZORGEO_DATA_DIR) / "ZorProjectionStatic.dat", mainDirectory.Path());
+    CDatumTransform broken;
+    ASSERT_FALSE(broken.Load(database, L"Dtf-Bare"));
+    CString text;
+    ASSERT_THROW(database.GetMainFile().GetItem(L"Dtf-Bare", L"None", text), CString);
+    ASSERT_THROW(database.GetUserFile().GetItem(L"Dtf-Bare", L"None", text), CString);
+
+    using Text = CString (ZorGeoDatabase::*)(CString, CString);
+    for (const Text get : {&ZorGeoDatabase::GetPrjNameByGroupAndSysNames, &ZorGeoDatabase::GetDtfNameByGroupAndSysNames,
+                           &ZorGeoDatabase::GetUnitNameByGroupAndSysNames, &ZorGeoDatabase::GetSystemUnit,
+                           &ZorGeoDatabase::GetPrjMdNameByGroupAndSysNames, &ZorGeoDatabase::GetDefaultGeoidModelMd,
+                           &ZorGeoDatabase::GetDefaultGeoidGrid, &ZorGeoDatabase::GetDefaultGridCorrectionFile,
+                           &ZorGeoDatabase::GetDefaultGridCorrectionModel, &ZorGeoDatabase::GetSupportedGeoidModels,
+                           &ZorGeoDatabase::GetCustomSupportedGeoidModels}) {
+        EXPECT_NO_THROW(EXPECT_EQ((database.*get)(L"Ports", L"Bare"), L""));
+    }
+    using Flag = bool (ZorGeoDatabase::*)(CString, CString);
+    for (const Flag has : {&ZorGeoDatabase::HasGeoidModel, &ZorGeoDatabase::HasPostCorrection,
+                           &ZorGeoDatabase::HasPostHorAdjust, &ZorGeoDatabase::HasPostVertAdjust}) {
+        EXPECT_NO_THROW(EXPECT_FALSE((database.*has)(L"Ports", L"Bare")));
+    }
+    using Name = CString (ZorGeoDatabase::*)(CString);
+    for (const Name get :
+         {&ZorGeoDatabase::GetPrjMdNameByPrjName, &ZorGeoDatabase::GetPrjUnit, &ZorGeoDatabase::GetDtfDescription}) {
+        EXPECT_NO_THROW(EXPECT_EQ((database.*get)(L"Bare"), L""));
+    }
+    using List = bool (ZorGeoDatabase::*)(CStringArray&);
+    CStringArray list;
+    for (const List get :
+         {&ZorGeoDatabase::GetAllSystemNames, &ZorGeoDatabase::GetAllDtfNames, &ZorGeoDatabase::GetAllUnitNames,
+          &ZorGeoDatabase::GetAllEllipsoidNames, &ZorGeoDatabase::GetAllProjectionNames}) {
+        EXPECT_NO_THROW(EXPECT_TRUE((database.*get)(list)));
+    }
+    EXPECT_NO_THROW(EXPECT_TRUE(database.GetAllGroupNames(list, GeoDbBoth)));
+    EXPECT_NO_THROW(EXPECT_TRUE(database.GetAllSystemNamesByGroupName(list, L"Ports")));
+    EXPECT_NO_THROW(EXPECT_EQ(database.GetGeoidManualSeparation(L"Ports", L"Bare"), 0.0));
+    EXPECT_NO_THROW(EXPECT_EQ(database.GetPrjTypeByPrjName(L"Bare"), 0));
+    double x = 7, y = 8, z = 9, w = 10, e = 11, f = 12;
+    EXPECT_NO_THROW(database.GetGridCorrection(L"Ports", L"Bare", x, y, z));
+    EXPECT_NO_THROW(database.GetPostHorAdjust(L"Ports", L"Bare", x, y, z, w));
+    EXPECT_NO_THROW(database.GetPostVertAdjust(L"Ports", L"Bare", x, y, z, w));
+    EXPECT_NO_THROW(EXPECT_FALSE(database.GetElpParamByElpName(L"Bare", x, y, z, w, e, f)));
+    CString source = L"s", target = L"t", method = L"m";
+    EXPECT_NO_THROW(EXPECT_FALSE(database.GetElpsoidParametersByDtName(L"Bare", target, x, y, z, w, e, f)));
+    EXPECT_EQ(x, 7);
+    EXPECT_EQ(w, 10);
+    EXPECT_EQ(f, 12);
+    EXPECT_NO_THROW(EXPECT_TRUE(database.GetElpNamesByDtfName(L"Bare", source, target)));
+    EXPECT_NO_THROW(EXPECT_TRUE(database.GetPrjUTMInfo(L"Bare", source, target)));
+    EXPECT_NO_THROW(EXPECT_FALSE(database.FindGroupAndSysByPrjName(L"Bare", source, target)));
+    double d[15] = {};
+    bool fixedHeight = true;
+    EXPECT_NO_THROW(EXPECT_TRUE(database.GetDtfParamByName(L"Bare", method, d[0], d[1], d[2], d[3], d[4], d[5], d[6],
+                                                           d[7], d[8], d[9], d[10], d[11], d[12], d[13], d[14], source,
+                                                           target, fixedHeight, x, y)));
+    EXPECT_EQ(method, L"m");
+    EXPECT_EQ(source, L"s");
+    EXPECT_EQ(target, L"t");
+    EXPECT_FALSE(fixedHeight);
+    double factor = 5.0;
+    short digits = 0;
+    EXPECT_NO_THROW(EXPECT_TRUE(database.GetUnitParametersByName(L"Meters", method, source, factor, digits)));
+    EXPECT_EQ(factor, 5.0);
+    CArray<double, double> values;
+    CStringArray names;
+    CStringArray texts;
+    CArray<UINT, UINT> kinds;
+    EXPECT_NO_THROW(EXPECT_TRUE(database.GetPrjConstantsByName(L"Zone", values, names, texts, kinds)));
+    EXPECT_EQ(values.GetSize(), 6);
+    EXPECT_NO_THROW(EXPECT_TRUE(database.SetGeoidModel(L"Ports", L"Bare", L"EGM96", L"", true)));
 }

@@ -76,6 +76,12 @@ TEST(EllipsoidRecord, FileThatThrowsIsNoException)
     Ellipsoid ellipsoid;
     EXPECT_NO_THROW(EXPECT_FALSE(ellipsoid.LoadFrom(file, kSection)));
     EXPECT_EQ(ellipsoid.status, 1);
+    file.SetItem(kSection, L"EccSqrd", 0.0066, true);
+    EXPECT_NO_THROW(EXPECT_FALSE(ellipsoid.LoadFrom(file, kSection)));
+    EXPECT_EQ(ellipsoid.eccSquared, 0.0066) << "read also behind a missing axis";
+    file.DeleteItem(kSection, L"EccSqrd", false);
+    file.SetItem(kSection, L"SemiMajor", 6371000.0, true);
+    EXPECT_NO_THROW(EXPECT_TRUE(ellipsoid.LoadFrom(file, kSection))) << "a sphere";
 }
 
 TEST(EllipsoidRecord, MainFileAnswersFirst)

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
+#include <vector>
 
 #include "tests/support/ScriptedDesk.h"
 #include "tests/support/TempDirectory.h"
@@ -163,6 +165,19 @@ TEST_F(ZorGeoUtilityTest, GetGivesOneObject)
     EXPECT_EQ(&ZorGeoUtility::Get(), &ZorGeoUtility::Get());
 }
 
+TEST_F(ZorGeoUtilityTest, FilledFillsTheOneObjectUntilThatSucceeds)
+{
+    ZorGeoUtility::Get() = ZorGeoUtility();
+    DataSearch::GetDataSearch().SetUnavailable(26);
+    EXPECT_EQ(&ZorGeoUtility::Filled(), &ZorGeoUtility::Get());
+    EXPECT_FALSE(ZorGeoUtility::Get().initialised);
+    DataSearch::GetDataSearch().SetDataPath(26, L"/dir/26/");
+    EXPECT_TRUE(ZorGeoUtility::Filled().initialised);
+    DataSearch::GetDataSearch().SetDataPath(2, L"/dir/later/");
+    EXPECT_EQ(ZorGeoUtility::Filled().projectDir, L"/dir/2/") << "a later change is not seen";
+    ZorGeoUtility::Get() = ZorGeoUtility();
+}
+
 TEST_F(ZorGeoUtilityTest, CopyHoldsEveryField)
 {
     ZorGeoUtility utility;
@@ -212,6 +227,72 @@ TEST_F(ZorGeoUtilityTest, GuardedSaveDoesNotTellOfASaveThatFails)
     EXPECT_TRUE(ZorGeoUtility().GuardedSave(file));
     EXPECT_FALSE(CFile::Exists(name));
     EXPECT_TRUE(desk.messages.empty());
+}
+
+/// A read-only file that is open and changed in memory, and what was asked of its attribute.
+class ReadOnlySave : public ZorGeoUtilityTest {
+protected:
+    ReadOnlySave() : name(directory.Write("sub/user.geo", "[A]\nk=1\n"))
+    {
+        MakeReadOnly(directory.Path() / "sub/user.geo");
+        EXPECT_TRUE(file.FileOpen(name, FileMode::openForReading));
+        file.SetItem(L"A", L"k", 2, true);
+    }
+    /// Saves; `afterClearing` happens when the attribute has been taken away.
+    bool Save(const std::function<void()>& afterClearing)
+    {
+        return ZorGeoUtility::GuardedSave(file, [&](const CString& path, const CFileStatus& status) {
+            attributes.push_back(status.attribute & CFileStatus::readOnly);
+            CFile::SetStatus(path, status);
+            if (attributes.size() == 1) {
+                afterClearing();
+            }
+        });
+    }
+
+    ScriptedDesk desk;
+    CString name;
+    FileObject file;
+    std::vector<unsigned> attributes;
+};
+
+TEST_F(ReadOnlySave, ClearsTheAttributeAndPutsItBack)
+{
+    EXPECT_TRUE(Save([this] { EXPECT_FALSE(IsReadOnly(name)); }));
+    EXPECT_EQ(attributes, (std::vector<unsigned>{0, CFileStatus::readOnly}));
+    EXPECT_EQ(directory.Read("sub/user.geo"), "[A]\nk=2\n");
+    EXPECT_TRUE(IsReadOnly(name));
+}
+
+TEST_F(ReadOnlySave, AttributeThatCannotBePutBackGivesFalseAndNoMessage)
+{
+    EXPECT_FALSE(Save([this] { std::filesystem::remove_all(directory.Path() / "sub"); }));
+    EXPECT_EQ(attributes, (std::vector<unsigned>{0, CFileStatus::readOnly}));
+    EXPECT_TRUE(desk.messages.empty());
+}
+
+// Somebody else protects the file again in between.
+TEST_F(ReadOnlySave, AttributeIsPutBackAfterASaveThatFails)
+{
+    EXPECT_TRUE(Save([this] { MakeReadOnly(directory.Path() / "sub/user.geo"); }));
+    EXPECT_EQ(attributes, (std::vector<unsigned>{0, CFileStatus::readOnly}));
+    EXPECT_EQ(directory.Read("sub/user.geo"), "[A]\nk=1\n");
+    EXPECT_TRUE(IsReadOnly(name));
+    EXPECT_TRUE(desk.messages.empty());
+}
+
+TEST_F(ReadOnlySave, AttributeThatCannotBeClearedSavesNothingAndSaysSo)
+{
+    int calls = 0;
+    EXPECT_FALSE(ZorGeoUtility::GuardedSave(file, [&](const CString& path, const CFileStatus&) {
+        ++calls;
+        throw CFileException(path, L"denied");
+    }));
+    EXPECT_EQ(calls, 1);
+    ASSERT_EQ(desk.messages.size(), 1u);
+    EXPECT_EQ(desk.messages[0].text, L"Database file open for writing failed");
+    EXPECT_EQ(directory.Read("sub/user.geo"), "[A]\nk=1\n");
+    EXPECT_TRUE(IsReadOnly(name));
 }
 
 #if !defined(_WIN32)

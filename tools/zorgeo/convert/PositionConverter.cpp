@@ -111,7 +111,7 @@ bool PositionConverter::FromCartesian(const Position& in, Frame frame, Position&
         return false;
     }
     // The iteration may go on in its last digit until its rounds are used up, and then says false
-    // with a good result. Whether it is one, the way back tells.
+    // with a good position. Whether it is one, the way back tells.
     Position back{};
     return settled || (ToCartesian(out, frame, back) && std::fabs(back[0] - in[0]) <= kLargestMiss &&
                        std::fabs(back[1] - in[1]) <= kLargestMiss && std::fabs(back[2] - in[2]) <= kLargestMiss);
