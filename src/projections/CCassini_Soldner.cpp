@@ -6,12 +6,9 @@
 #include "projections/NumericConvergence.h"
 #include "projections/ParameterForm.h"
 #include "projections/ProjectionType.h"
+#include "projections/SmallScale.h"
 
 namespace {
-
-// A grid of smaller scale is taken for a record that lacks its scale factor.
-constexpr double kSmallestScale = 0.8;
-constexpr unsigned kScaleRefused = 15364;
 
 // The tangent of a latitude whose cosine is exactly 0.
 constexpr double kTangentAtPole = 1e25;
@@ -67,10 +64,8 @@ std::uint32_t CCassini_Soldner::InitConstants()
     if (m_ellipsoid.status != Ellipsoid::good) {
         return SetStatus(ProjectionStatus::badEllipsoid);
     }
-    if (m_scaleFactor < kSmallestScale) {
-        SetStatus(ProjectionStatus::refusedParameter);
-        AfxMessageBox(kScaleRefused);
-        return ProjectionStatus::refusedParameter;
+    if (SmallScale::RefusedWithMessage(m_scaleFactor)) {
+        return SetStatus(ProjectionStatus::refusedParameter);
     }
     const double e2 = m_ellipsoid.eccSquared;
     m_arc = ShortMeridianArc(e2);

@@ -77,7 +77,7 @@ bool CMERprj::SaveParameters(FileObject& file, const CString& section)
 double CMERprj::Isometric(double latitude) const
 {
     // Where the northings of most charts are counted from.
-    if (latitude == 0.0) {
+    if (latitude == 0.0 && m_ellipsoid.eccSquared >= 0.0) {
         return 0.0;
     }
     const double phi = latitude * D_TO_R;

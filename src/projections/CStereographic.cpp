@@ -12,6 +12,9 @@
 
 namespace {
 
+// A sine above this belongs to a place within 9 m of a pole.
+constexpr double kBesidePole = 1.0 - 1e-12;
+
 constexpr double kQuarterPi = 0.7853981633974483;
 
 constexpr int kMaxPasses = 10;
@@ -105,12 +108,12 @@ std::uint32_t CStereographic::InitConstants()
     const double sinChi00 = (w1 - 1.0) / (w1 + 1.0);
     const double c = (m_n + s0) * (1.0 - sinChi00) / ((m_n - s0) * (1.0 + sinChi00));
     m_halfLogC = std::log(c) / 2.0;
-    const double chi0 = std::asin((c * w1 - 1.0) / (c * w1 + 1.0));
-    m_sinChi0 = std::sin(chi0);
-    m_cosChi0 = std::cos(chi0);
+    m_chi0 = std::asin((c * w1 - 1.0) / (c * w1 + 1.0));
+    m_sinChi0 = std::sin(m_chi0);
+    m_cosChi0 = std::cos(m_chi0);
     m_Lambda0 = m_lonOrigin * D_TO_R;
-    m_g = m_twoRk0 * std::tan(kQuarterPi - chi0 / 2.0);
-    m_h = 2.0 * m_twoRk0 * std::tan(chi0) + m_g;
+    m_g = m_twoRk0 * std::tan(kQuarterPi - m_chi0 / 2.0);
+    m_h = 2.0 * m_twoRk0 * std::tan(m_chi0) + m_g;
     return SetStatus(ProjectionStatus::usable);
 }
 
@@ -159,7 +162,11 @@ void CStereographic::GridToGeo(double easting, double northing, double& latitude
     const double T = (y - tanJ * x / 2.0) / m_twoRk0;
     const double sinTurn = 2.0 / (T + 1.0 / T);
     const double cosTurn = 2.0 / (1.0 + T * T) - 1.0;
-    const double sinChi = sinTurn * m_cosChi0 + cosTurn * m_sinChi0;
+    double sinChi = sinTurn * m_cosChi0 + cosTurn * m_sinChi0;
+    if (std::fabs(sinChi) > kBesidePole) {
+        // The sum can round to 1 and more, the sine of the angle cannot.
+        sinChi = std::sin(2.0 * std::atan(T) + m_chi0);
+    }
     const double psi = (std::log((1.0 + sinChi) / (1.0 - sinChi)) / 2.0 - m_halfLogC) / m_n;
 
     latitude = modgeo(LatitudeByNewton(psi, m_e2) / D_TO_R);

@@ -58,7 +58,8 @@ private:
     double m_twoRk0 = 0.0;
     double m_n = 0.0;        // longitude on the sphere over longitude on the ellipsoid
     double m_halfLogC = 0.0; // what isometric latitudes are shifted by, half the logarithm of c
-    double m_sinChi0 = 0.0;  // of the origin's latitude on the sphere
+    double m_chi0 = 0.0;     // the origin's latitude on the sphere, radians
+    double m_sinChi0 = 0.0;
     double m_cosChi0 = 0.0;
     double m_Lambda0 = 0.0; // longitude of origin, radians
     double m_e2 = 0.0;

@@ -23,7 +23,7 @@ struct HotineForm;
 /// the aposphere; a longitude that comes out farther than 90 degrees from the centre is brought
 /// back by 180 / B. There is no other folding.
 /// Singular: at azimuth 90 the scale factors are 0 / 0 on the meridian of the centre, and lose 1e-9
-/// a metre from it. Positions within 1e-13 degrees of that meridian count as on it.
+/// a metre from it. Only the exact longitude of the centre counts as on that meridian.
 /// Kept: e in thirteen digits in the inverse; F = D without a clamp where rounding makes D of a centre
 /// on the equator less than 1, which makes every result NaN; asin(1) at azimuth 90 for southern centres
 /// too, where the source has asin(-1); the scale factor under the name of the skew in XML; key 3094

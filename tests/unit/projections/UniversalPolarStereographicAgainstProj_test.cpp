@@ -154,13 +154,13 @@ TEST(UniversalPolarStereographicAgainstProj, LineScaleIsGridOverGeodesicDistance
     }
 }
 
-// The radius is the length of the vector here and |dE / sin lam| there; the difference is last bits but
-// beside the meridian of 180 degrees, where the quotient has few digits left.
+// Beside the meridian of 180 degrees the quotient for the distance has few digits left, in double as
+// in the extended precision of the steps.
 TEST(UniversalPolarStereographicAgainstPlain, ForwardInverseAndScale)
 {
     std::mt19937_64 random(15);
     std::uniform_real_distribution<double> colatitude(0.01, 60.0);
-    std::uniform_real_distribution<double> offset(-179.9, 179.9);
+    std::uniform_real_distribution<double> offset(-178.0, 178.0);
     for (const System& system : kSystems) {
         const Judged judged(system);
         double worstGrid = 0.0, worstGeo = 0.0, worstScale = 0.0;
