@@ -196,7 +196,7 @@ TEST_F(ConvertSystems, AGeoidThatCannotBeUsedIsRefusedOrLeftOutAloud)
     const ToolRun run = Convert(kLost, "0 3 7\n", {"--allow-missing"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.out, "500000.000 0.000 7.000\n");
-    EXPECT_THAT(run.err, AllOf(HasSubstr("geoid: "), HasSubstr("converting without it")));
+    EXPECT_THAT(run.err, AllOf(HasSubstr("geoid: "), HasSubstr("going on without it")));
     ExpectUnusable(kPlain, {"there is no model \"Moon\""}, {"--geoid-model", "Moon"});
     ExpectUnusable(kPlain, {"post correction: "}, {"--post-model", "NTv2", "--post-file", Path("none.gsb")});
 }

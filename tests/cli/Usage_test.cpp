@@ -11,7 +11,7 @@ TEST_F(Usage, VersionAndHelpGoToStandardOutput)
     EXPECT_EQ(version.status, 0);
     EXPECT_THAT(version.out, testing::MatchesRegex("zorgeo [0-9]+\\.[0-9]+\\.[0-9]+\n"));
     for (const auto& arguments : std::vector<std::vector<std::string>>{
-             {"--help"}, {"list", "--help"}, {"convert", "--help"}, {"convert", "-h"}}) {
+             {"--help"}, {"list", "--help"}, {"convert", "--help"}, {"convert", "-h"}, {"factors", "--help"}}) {
         const ToolRun help = RunTool(arguments);
         EXPECT_EQ(help.status, 0);
         EXPECT_EQ(help.err, "");
@@ -46,7 +46,11 @@ TEST_F(Usage, MistakesTellWhatWouldBeRight)
          "reads like E=1,N=2,h=3,t=4"},
         {{"convert", kPlain, "--from", "sat", "--to", "grid", "--epoch", "soon"},
          "give a decimal year or an ISO date, or now"},
-        {{"convert", kPlain, "--from", "sat", "--to", "grid", "--colour"}, "--colour"}};
+        {{"convert", kPlain, "--from", "sat", "--to", "grid", "--colour"}, "--colour"},
+        {{"factors"}, "Try: zorgeo factors --help"},
+        {{"factors", kPlain}, "--from is required"},
+        {{"factors", kPlain, "--from", "sat-xyz"}, "\"sat-xyz\" is no frame; give sat, geo, grid\n"},
+        {{"factors", kPlain, "--from", "sat", "--to", "grid"}, "--to"}};
     for (const UsageRow& row : rows) {
         const ToolRun run = RunTool(row.arguments);
         EXPECT_EQ(run.status, 2) << run.err;

@@ -28,3 +28,4 @@ private:
 // The makers: each adds its sub-command with its options to `program`.
 std::unique_ptr<Command> MakeListCommand(CLI::App& program);
 std::unique_ptr<Command> MakeConvertCommand(CLI::App& program);
+std::unique_ptr<Command> MakeFactorsCommand(CLI::App& program);

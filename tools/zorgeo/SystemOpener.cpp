@@ -74,9 +74,9 @@ void RefuseOrGoOn(const std::string& what, const std::string& fault, const std::
     if (!allowMissing) {
         throw ToolError(
             ExitStatus::unusable,
-            fmt::format("{}: {}; name it with {}, or convert without it with --allow-missing", what, fault, options));
+            fmt::format("{}: {}; name it with {}, or go on without it with --allow-missing", what, fault, options));
     }
-    Remark(fmt::format("{}: {}; converting without it", what, fault));
+    Remark(fmt::format("{}: {}; going on without it", what, fault));
 }
 
 void PrepareGeoid(const DatabaseFiles& files, const SystemRequest& request, OpenedSystem& opened)
@@ -187,7 +187,7 @@ CString UnitOf(Session& session, const SystemRequest& request)
         throw ToolError(ExitStatus::nobodyToAsk,
                         fmt::format("the project's \"{}\" differs from the record of that name in the database, and a "
                                     "new name would have to be asked for; settle it in a program with windows, or "
-                                    "convert without --project",
+                                    "leave --project out",
                                     desk.AskedFor().ToUtf8()));
     }
     throw ToolError(ExitStatus::unusable,

@@ -15,7 +15,7 @@ namespace {
 using Maker = std::unique_ptr<Command> (*)(CLI::App&);
 
 /// The commands, in the order of the help.
-constexpr Maker kMakers[] = {MakeListCommand, MakeConvertCommand};
+constexpr Maker kMakers[] = {MakeListCommand, MakeConvertCommand, MakeFactorsCommand};
 
 constexpr const char* kFooter = "Exit status: 0 all good; 1 some lines failed; 2 usage; 3 system, database or model\n"
                                 "unusable; 4 input or output error; 5 a name is needed and nobody can be asked.\n\n"

@@ -27,9 +27,34 @@ bool SameName(std::string_view a, std::string_view b)
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
 }
 
-const char* NameOf(Frame from, int slot)
+/// Whether lines as asked for may have the value.
+bool Exists(const ColumnRequest& request, int slot)
 {
-    return slot == Slot::time ? kTimeName : TraitsOf(from).coordinates[static_cast<std::size_t>(slot)];
+    return Slot::PositionOf(slot) < request.positions;
+}
+
+/// Column, from 0, of a value for which none was given; -1 for none. The heights of two positions
+/// have none: nothing in a line would tell them from the coordinates behind them.
+int DefaultColumn(const ColumnRequest& request, int slot)
+{
+    const int coordinate = Slot::CoordinateOf(slot);
+    if (slot == Slot::time || (request.positions > 1 && coordinate == Slot::third)) {
+        return -1;
+    }
+    return 2 * Slot::PositionOf(slot) + coordinate;
+}
+
+/// What a right list of columns looks like, for messages.
+std::string RightList(const ColumnRequest& request)
+{
+    std::string list = fmt::format("--columns for --from {} reads like ", TraitsOf(request.from).name);
+    int column = 0;
+    for (int slot = 0; slot < Slot::count; ++slot) {
+        if (Exists(request, slot) && DefaultColumn(request, slot) >= 0) {
+            list += fmt::format("{}={},", NameOfSlot(request.from, request.positions, slot), ++column);
+        }
+    }
+    return list + fmt::format("{}={}", kTimeName, column + 1);
 }
 
 /// The number of a column given as one, from 1; 0 for a name.
@@ -79,16 +104,13 @@ bool Reads(const ColumnRequest& request, int slot, std::string_view text)
     if (slot == Slot::time) {
         return ReadEpoch(text, ignored) == nullptr;
     }
-    if (TraitsOf(request.from).angles && slot != Slot::third) {
-        return ReadAngle(text, slot == Slot::first ? AngleKind::latitude : AngleKind::longitude, ignored) == nullptr;
-    }
-    return ReadNumber(text, ignored) == nullptr;
+    return ReadCoordinate(request.from, slot, text, ignored) == nullptr;
 }
 
 /// Column of each slot counted from 0, -1 for none, and whether the line reads with them.
 struct Attempt {
     char delimiter = kBlanks;
-    std::array<int, Slot::count> columns{-1, -1, -1, -1};
+    std::array<int, Slot::count> columns{-1, -1, -1, -1, -1, -1, -1};
     bool reads = true;
     std::string missingName;
 };
@@ -110,8 +132,8 @@ Attempt TryDelimiter(const ColumnRequest& request, char delimiter, std::string_v
     for (int slot = 0; slot < Slot::count; ++slot) {
         const auto s = static_cast<std::size_t>(slot);
         const std::string& asked = request.columns[s];
-        if (!given && slot != Slot::time) {
-            attempt.columns[s] = slot;
+        if (!given) {
+            attempt.columns[s] = Exists(request, slot) ? DefaultColumn(request, slot) : -1;
         } else if (!asked.empty()) {
             const int number = NumberOf(asked);
             attempt.columns[s] = number > 0 ? number - 1 : PlaceOfHeader(fields, asked);
@@ -153,18 +175,64 @@ Attempt BestAttempt(const ColumnRequest& request, std::string_view line)
     return TryDelimiter(request, kBlanks, line);
 }
 
+/// Puts the coordinates where they are by default when the list names none of them. Refuses a
+/// list that leaves one out.
+void DemandCoordinates(ColumnRequest& request, const std::string& right)
+{
+    const auto& columns = request.columns;
+    bool onlyTime = true;
+    for (int slot = 0; slot < Slot::count; ++slot) {
+        onlyTime = onlyTime && (slot == Slot::time || columns[static_cast<std::size_t>(slot)].empty());
+    }
+    const bool heightOptional = TraitsOf(request.from).heightOptional;
+    for (int slot = 0; slot < Slot::count; ++slot) {
+        const bool height = Slot::CoordinateOf(slot) == Slot::third;
+        if (slot == Slot::time || !Exists(request, slot) || (height && heightOptional)) {
+            continue;
+        }
+        std::string& column = request.columns[static_cast<std::size_t>(slot)];
+        if (onlyTime) {
+            column = std::to_string(DefaultColumn(request, slot) + 1);
+        } else if (column.empty()) {
+            throw ToolError(ExitStatus::usage, "a coordinate has no column; " + right);
+        }
+    }
+    if (request.positions > 1 && columns[Slot::third].empty() != columns[Slot::ofEnd + Slot::third].empty()) {
+        throw ToolError(ExitStatus::usage, "both ends of a line have a height or none; " + right);
+    }
+}
+
 } // namespace
+
+const char* NameOfSlot(Frame from, int positions, int slot)
+{
+    if (slot == Slot::time) {
+        return kTimeName;
+    }
+    const FrameTraits& traits = TraitsOf(from);
+    const auto coordinate = static_cast<std::size_t>(Slot::CoordinateOf(slot));
+    return positions == 1 ? traits.coordinates[coordinate]
+                          : traits.ends[static_cast<std::size_t>(Slot::PositionOf(slot))][coordinate];
+}
+
+Fault ReadCoordinate(Frame from, int slot, std::string_view text, double& value)
+{
+    const int coordinate = Slot::CoordinateOf(slot);
+    if (!TraitsOf(from).angles || coordinate == Slot::third) {
+        return ReadNumber(text, value);
+    }
+    return ReadAngle(text, coordinate == Slot::first ? AngleKind::latitude : AngleKind::longitude, value);
+}
 
 void ReadColumnList(const std::string& text, ColumnRequest& request)
 {
-    const FrameTraits& traits = TraitsOf(request.from);
-    const std::string right = fmt::format("--columns for --from {} reads like {}=1,{}=2,{}=3,t=4", traits.name,
-                                          traits.coordinates[0], traits.coordinates[1], traits.coordinates[2]);
+    const std::string right = RightList(request);
     for (const std::string_view item : AllFields(',', text)) {
         const auto equals = item.find('=');
         const auto name = Trimmed(item.substr(0, equals));
         int slot = 0;
-        while (slot < Slot::count && !SameName(name, NameOf(request.from, slot))) {
+        while (slot < Slot::count &&
+               !(Exists(request, slot) && SameName(name, NameOfSlot(request.from, request.positions, slot)))) {
             ++slot;
         }
         const auto column = equals == std::string_view::npos ? std::string_view() : Trimmed(item.substr(equals + 1));
@@ -179,16 +247,7 @@ void ReadColumnList(const std::string& text, ColumnRequest& request)
         }
         request.columns[static_cast<std::size_t>(slot)] = asText;
     }
-    const bool onlyTime = request.columns[0].empty() && request.columns[1].empty() && request.columns[2].empty();
-    if (onlyTime) { // the coordinates stay where they are by default
-        for (int slot = Slot::first; slot <= (traits.heightOptional ? Slot::second : Slot::third); ++slot) {
-            request.columns[static_cast<std::size_t>(slot)] = std::to_string(slot + 1);
-        }
-    }
-    const bool third = traits.heightOptional || !request.columns[2].empty();
-    if (request.columns[0].empty() || request.columns[1].empty() || !third) {
-        throw ToolError(ExitStatus::usage, "a coordinate has no column; " + right);
-    }
+    DemandCoordinates(request, right);
     for (int slot = 1; slot < Slot::count; ++slot) {
         const std::string& column = request.columns[static_cast<std::size_t>(slot)];
         if (!column.empty() && std::count(request.columns.begin(), request.columns.end(), column) > 1) {
@@ -269,6 +328,7 @@ Layout FindLayout(const ColumnRequest& request, std::string_view firstLine, cons
     }
     Layout layout;
     layout.delimiter = attempt.delimiter;
+    layout.positions = request.positions;
     layout.hasHeader = AnyByName(request);
     layout.hasHeight = attempt.columns[Slot::third] >= 0;
     layout.hasTime = attempt.columns[Slot::time] >= 0;

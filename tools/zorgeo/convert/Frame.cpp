@@ -2,11 +2,21 @@
 
 namespace {
 
-constexpr FrameTraits kFrames[] = {{Frame::sat, "sat", {"lat", "lon", "h"}, true, true},
-                                   {Frame::geo, "geo", {"lat", "lon", "h"}, true, true},
-                                   {Frame::grid, "grid", {"E", "N", "h"}, false, true},
-                                   {Frame::satXyz, "sat-xyz", {"X", "Y", "Z"}, false, false},
-                                   {Frame::geoXyz, "geo-xyz", {"X", "Y", "Z"}, false, false}};
+using Names = std::array<const char*, 3>;
+using EndNames = std::array<Names, 2>;
+
+constexpr Names kGeographic = {"lat", "lon", "h"};
+constexpr Names kGrid = {"E", "N", "h"};
+constexpr Names kCartesian = {"X", "Y", "Z"};
+constexpr EndNames kGeographicEnds = {{{"lat1", "lon1", "h1"}, {"lat2", "lon2", "h2"}}};
+constexpr EndNames kGridEnds = {{{"E1", "N1", "h1"}, {"E2", "N2", "h2"}}};
+constexpr EndNames kCartesianEnds = {{{"X1", "Y1", "Z1"}, {"X2", "Y2", "Z2"}}};
+
+constexpr FrameTraits kFrames[] = {{Frame::sat, "sat", kGeographic, kGeographicEnds, true, true},
+                                   {Frame::geo, "geo", kGeographic, kGeographicEnds, true, true},
+                                   {Frame::grid, "grid", kGrid, kGridEnds, false, true},
+                                   {Frame::satXyz, "sat-xyz", kCartesian, kCartesianEnds, false, false},
+                                   {Frame::geoXyz, "geo-xyz", kCartesian, kCartesianEnds, false, false}};
 
 } // namespace
 
@@ -25,7 +35,7 @@ std::optional<Frame> FrameOfName(std::string_view name)
     return {};
 }
 
-const char* FrameNames()
+const char* FrameNames(bool cartesian)
 {
-    return "sat, geo, grid, sat-xyz, geo-xyz";
+    return cartesian ? "sat, geo, grid, sat-xyz, geo-xyz" : "sat, geo, grid";
 }

@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include "convert/FixedNumber.h"
-#include "convert/NumberText.h"
 
 namespace {
 
@@ -40,9 +39,8 @@ void BlockResult::Clear()
     stopped = false;
 }
 
-LineConverter::LineConverter(const PositionConverter& positions, const ConversionRequest& frames,
-                             const LineRequest& request)
-    : m_positions(positions), m_from(TraitsOf(frames.from)), m_to(TraitsOf(frames.to)), m_request(request)
+LineConverter::LineConverter(const Calculation& calculation, Frame from, const LineRequest& request)
+    : m_calculation(calculation), m_form(calculation.Results()), m_from(from), m_request(request)
 {
 }
 
@@ -92,67 +90,61 @@ void LineConverter::ConvertLine(const Line& line, const Block& block, BlockResul
     const Layout& layout = block.lines->layout;
     std::array<Field, Slot::count> fields;
     SplitLine(layout, line.begin, line.end, fields);
-    Position in{};
-    Position out{};
-    double time = m_request.epoch.value_or(0.0);
+    LineValues in;
+    LineResults out{};
+    in.hasHeight = layout.hasHeight;
+    in.time = m_request.epoch.value_or(0.0);
     std::string detail; // empty texts allocate nothing
-    const char* fault = ReadFields(fields, layout, in, time, detail);
+    const char* fault = ReadFields(fields, layout, in, detail);
     if (fault == nullptr) {
-        fault = m_positions.Convert(in, layout.hasHeight, time, out, detail);
+        fault = m_calculation.Calculate(in, out, detail);
     }
     if (fault != nullptr) {
         Complain(line, block, detail.empty() ? fault : fmt::format("{} {}", fault, detail), result);
         return;
     }
     ++result.good;
-    WriteLine(line, layout, fields, result.text, [&](TextBuffer& text, int place) {
-        const bool angle = m_to.angles && place < 2;
-        const int decimals = angle ? m_request.angleDecimals : m_request.distanceDecimals;
-        text.AdvanceTo(WriteFixed(text.Room(kFixedNumberRoom), out[static_cast<std::size_t>(place)], decimals));
+    WriteLine(line, layout, fields, result.text, [&](TextBuffer& text, std::size_t place) {
+        text.AdvanceTo(WriteFixed(text.Room(kFixedNumberRoom), out[place], m_form.columns[place].decimals));
     });
 }
 
-const char* LineConverter::ReadCoordinate(int slot, std::string_view text, double& value) const
+const char* LineConverter::ReadFields(const std::array<Field, Slot::count>& fields, const Layout& layout,
+                                      LineValues& in, std::string& detail) const
 {
-    if (!m_from.angles || slot == Slot::third) {
-        return ReadNumber(text, value);
-    }
-    return ReadAngle(text, slot == Slot::first ? AngleKind::latitude : AngleKind::longitude, value);
-}
-
-const char* LineConverter::ReadFields(const std::array<Field, Slot::count>& fields, const Layout& layout, Position& in,
-                                      double& time, std::string& detail) const
-{
+    const auto bad = [&](int slot, const char* fault) {
+        detail = fmt::format("is {}", fault);
+        return NameOfSlot(m_from, layout.positions, slot);
+    };
     for (const int slot : layout.order) {
-        const auto s = static_cast<std::size_t>(slot);
-        const Field& field = fields[s];
-        const char* fault = field.begin == field.end ? "missing" : ReadCoordinate(slot, field.Text(), in[s]);
+        const Field& field = fields[static_cast<std::size_t>(slot)];
+        Position& position = in.positions[static_cast<std::size_t>(Slot::PositionOf(slot))];
+        double& value = position[static_cast<std::size_t>(Slot::CoordinateOf(slot))];
+        const char* fault = field.begin == field.end ? "missing" : ReadCoordinate(m_from, slot, field.Text(), value);
         if (fault != nullptr) {
-            detail = fmt::format("is {}", fault);
-            return m_from.coordinates[s];
+            return bad(slot, fault);
         }
     }
     if (layout.hasTime) {
         const Field& field = fields[Slot::time];
-        const char* fault = field.begin == field.end ? "missing" : ReadEpoch(field.Text(), time);
+        const char* fault = field.begin == field.end ? "missing" : ReadEpoch(field.Text(), in.time);
         if (fault != nullptr) {
-            detail = fmt::format("is {}", fault);
-            return "t";
+            return bad(Slot::time, fault);
         }
     }
     return nullptr;
 }
 
-/// Writes a line with `write(out, place)` for each coordinate of the result, in place of the old
-/// ones or behind the line. The results stand in the order of their frame: the first two take
-/// the places of the old pair from left to right, the third the place of the old third.
+/// Writes a line with `write(out, place)` for each result, in place of the old coordinates or
+/// behind the line. The results stand in their order: they take the places of the old pairs from
+/// left to right, and a height that of the old one.
 template <typename Write>
 void LineConverter::WriteLine(const Line& line, const Layout& layout, const std::array<Field, Slot::count>& fields,
                               TextBuffer& out, Write write) const
 {
     if (m_request.append) {
         out.Append(line.begin, line.end);
-        for (int place = 0; place < layout.Coordinates(); ++place) {
+        for (std::size_t place = 0; place < m_form.Count(layout.hasHeight); ++place) {
             out.Append(SeparatorOf(layout));
             write(out, place);
         }
@@ -160,9 +152,13 @@ void LineConverter::WriteLine(const Line& line, const Layout& layout, const std:
         return;
     }
     const char* from = line.begin;
-    int ofPair = 0;
+    std::size_t ofPairs = 0;
     for (const int slot : layout.order) {
-        const int place = slot == Slot::third ? 2 : ofPair++;
+        const bool height = Slot::CoordinateOf(slot) == Slot::third;
+        if (height && !m_form.lastIsHeight) {
+            continue;
+        }
+        const std::size_t place = height ? m_form.columns.size() - 1 : ofPairs++;
         const Field& field = fields[static_cast<std::size_t>(slot)];
         if (field.begin == nullptr) { // a marked line that is too short
             out.Append(from, line.end);
@@ -182,7 +178,7 @@ void LineConverter::WriteHeader(const Line& line, const Layout& layout, TextBuff
     std::array<Field, Slot::count> fields;
     SplitLine(layout, line.begin, line.end, fields);
     WriteLine(line, layout, fields, out,
-              [this](TextBuffer& text, int place) { text.Append(m_to.coordinates[static_cast<std::size_t>(place)]); });
+              [this](TextBuffer& text, std::size_t place) { text.Append(m_form.columns[place].name); });
 }
 
 void LineConverter::Complain(const Line& line, const Block& block, std::string_view reason, BlockResult& result) const
@@ -213,10 +209,10 @@ void LineConverter::WriteBad(const Line& line, const Block& block, BlockResult& 
         const bool tooLong = line.next - line.begin > static_cast<std::ptrdiff_t>(kLongestLine);
         if (!tooLong) {
             SplitLine(layout, line.begin, line.end, fields);
-            WriteLine(line, layout, fields, result.text, [](TextBuffer& text, int) { text.Append('*'); });
+            WriteLine(line, layout, fields, result.text, [](TextBuffer& text, std::size_t) { text.Append('*'); });
             return;
         }
-        for (int place = 0; place < layout.Coordinates(); ++place) {
+        for (std::size_t place = 0; place < m_form.Count(layout.hasHeight); ++place) {
             result.text.Append(place == 0 ? std::string_view() : std::string_view(&layout.delimiter, 1));
             result.text.Append('*');
         }

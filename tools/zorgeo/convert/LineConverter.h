@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "convert/BlockReader.h"
-#include "convert/PositionConverter.h"
+#include "convert/Calculation.h"
 #include "convert/TextBuffer.h"
 
 /// What becomes of a line that cannot be converted.
@@ -21,8 +21,6 @@ enum class BadLine {
 struct LineRequest {
     BadLine bad = BadLine::mark;
     bool append = false; ///< results behind the line instead of in place
-    int angleDecimals = 8;
-    int distanceDecimals = 3;
     /// Milliseconds since 1970 for lines without a time column; none: not given.
     std::optional<double> epoch;
 };
@@ -38,12 +36,12 @@ struct BlockResult {
     void Clear();
 };
 
-/// Turns blocks of lines into blocks of lines with the coordinates converted. Const throughout,
+/// Turns blocks of lines into blocks of lines with the results of a calculation. Const throughout,
 /// so that several threads may use one object; allocates for a bad line alone.
 class LineConverter {
 public:
-    /// `positions` must outlive the object.
-    LineConverter(const PositionConverter& positions, const ConversionRequest& frames, const LineRequest& request);
+    /// Reads coordinates of the frame `from`. `calculation` must outlive the object.
+    LineConverter(const Calculation& calculation, Frame from, const LineRequest& request);
 
     void Convert(const Block& block, BlockResult& result) const;
 
@@ -51,9 +49,8 @@ private:
     struct Line;
     void ConvertLines(const Block& block, BlockResult& result) const;
     void ConvertLine(const Line& line, const Block& block, BlockResult& result) const;
-    const char* ReadFields(const std::array<Field, Slot::count>& fields, const Layout& layout, Position& in,
-                           double& time, std::string& detail) const;
-    const char* ReadCoordinate(int slot, std::string_view text, double& value) const;
+    const char* ReadFields(const std::array<Field, Slot::count>& fields, const Layout& layout, LineValues& in,
+                           std::string& detail) const;
     template <typename Write>
     void WriteLine(const Line& line, const Layout& layout, const std::array<Field, Slot::count>& fields,
                    TextBuffer& out, Write write) const;
@@ -62,8 +59,8 @@ private:
     void WriteBad(const Line& line, const Block& block, BlockResult& result) const;
     void ConvertLongLine(const Block& block, BlockResult& result) const;
 
-    const PositionConverter& m_positions;
-    const FrameTraits& m_from;
-    const FrameTraits& m_to;
+    const Calculation& m_calculation;
+    const ResultForm& m_form;
+    Frame m_from;
     LineRequest m_request;
 };

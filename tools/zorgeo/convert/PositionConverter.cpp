@@ -1,6 +1,7 @@
 #include "convert/PositionConverter.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -62,7 +63,7 @@ PositionConverter::PositionConverter(const OpenedSystem& system, const Conversio
 {
     const bool throughGrid = (m_from == Frame::grid) != (m_to == Frame::grid);
     const bool crossesSat = (m_from == Frame::sat) != (m_to == Frame::sat);
-    m_hasGeoid = system.hasGeoid && throughGrid;
+    m_hasGeoid = system.hasGeoid && throughGrid && request.heightIsResult;
     m_postModel = throughGrid ? m_postModel : nullptr;
     // Between local frame and grid the datum serves the height above the geoid alone.
     m_needsTime = (crossesSat || m_hasGeoid) && DatumMoves(*system.coordSys);

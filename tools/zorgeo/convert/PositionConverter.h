@@ -1,18 +1,16 @@
 #pragma once
 
-#include <array>
-
 #include "SystemOpener.h"
+#include "convert/Calculation.h"
 #include "convert/Frame.h"
-
-/// Three coordinates in the order of their frame.
-using Position = std::array<double, 3>;
 
 /// What is asked of every position.
 struct ConversionRequest {
     Frame from = Frame::sat;
     Frame to = Frame::grid;
     bool checkBack = false; ///< convert back and compare
+    /// Else the height only serves the datum transformation, and no geoid height is asked for.
+    bool heightIsResult = true;
 };
 
 /// Converts single positions between two frames of an opened system and refuses, with the reason,

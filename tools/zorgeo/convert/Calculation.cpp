@@ -1,0 +1,3 @@
+#include "convert/Calculation.h"
+
+Calculation::~Calculation() = default;
