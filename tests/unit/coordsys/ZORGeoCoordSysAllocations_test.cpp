@@ -1,5 +1,5 @@
 // Conversions run per position on live data: they must not touch the heap. The global operators
-// of this program count, per thread.
+// of this program count.
 
 #include <cctype>
 #include <cmath>
@@ -7,69 +7,9 @@
 #include <new>
 #include <string>
 
+#include "tests/support/AllocationCount.h"
 #include "tests/support/TestGeoidModels.h"
 #include "tests/unit/coordsys/CoordSysFixture.h"
-
-namespace {
-
-thread_local unsigned long long t_allocations = 0;
-
-void* Counted(std::size_t size) noexcept
-{
-    ++t_allocations;
-    return std::malloc(size == 0 ? 1 : size);
-}
-
-void* CountedOrThrow(std::size_t size)
-{
-    if (void* const memory = Counted(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    return CountedOrThrow(size);
-}
-void* operator new[](std::size_t size)
-{
-    return CountedOrThrow(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    return Counted(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
-{
-    return Counted(size);
-}
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept
-{
-    std::free(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 
@@ -213,10 +153,10 @@ class ZORGeoCoordSysAllocations : public testing::TestWithParam<Row> {};
 
 TEST(AllocationCounter, SeesAllocationsOfThisProgramAndOfTheBaseLayer)
 {
-    const unsigned long long before = t_allocations;
+    const long before = AllocationCount();
     CString text;
     text.Format(L"%s is longer than what a string holds in itself", CString(L"this"));
-    EXPECT_GT(t_allocations, before);
+    EXPECT_GT(AllocationCount(), before);
 }
 
 TEST_P(ZORGeoCoordSysAllocations, AMillionPositionsWithoutOne)
@@ -225,12 +165,12 @@ TEST_P(ZORGeoCoordSysAllocations, AMillionPositionsWithoutOne)
     FullSystem full;
     double a = 0.0, b = 0.0, c = 0.0, sum = 0.0;
     row.convert(full.system, PositionNumber(0), a, b, c); // makes the named transformation
-    const unsigned long long before = t_allocations;
+    const long before = AllocationCount();
     for (int i = 0; i < kPositions; ++i) {
         row.convert(full.system, PositionNumber(i), a, b, c);
         sum += a + b + c;
     }
-    EXPECT_EQ(t_allocations - before, 0u);
+    EXPECT_EQ(AllocationCount() - before, 0);
     EXPECT_TRUE(std::isfinite(sum)) << "the positions lie where everything answers";
     EXPECT_NE(sum, 0.0);
 }
@@ -243,11 +183,11 @@ TEST_P(ZORGeoCoordSysAllocations, NoneWhenTheModelsRefuse)
     ASSERT_FALSE(refusing.system.CalGeoidHeight(52.0, 5.0, 0.0, 0.0, geoid));
     double a = 0.0, b = 0.0, c = 0.0;
     row.convert(refusing.system, PositionNumber(0), a, b, c); // makes the named transformation
-    const unsigned long long before = t_allocations;
+    const long before = AllocationCount();
     for (int i = 0; i < 1000; ++i) {
         row.convert(refusing.system, PositionNumber(i), a, b, c);
     }
-    EXPECT_EQ(t_allocations - before, 0u);
+    EXPECT_EQ(AllocationCount() - before, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryConversion, ZORGeoCoordSysAllocations, testing::ValuesIn(kConversions),

@@ -14,41 +14,10 @@
 #include <thread>
 #include <vector>
 
+#include "tests/support/AllocationCount.h"
 #include "tests/support/DatumRecords.h"
 #include "tests/support/PlainDatum.h"
 #include "tests/support/ProjOracle.h"
-
-namespace {
-
-std::atomic<long> allocations{0};
-
-} // namespace
-
-// Counts what the program allocates, for the promise that a conversion allocates nothing.
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    ++allocations;
-    return std::malloc(size == 0 ? 1 : size);
-}
-void* operator new(std::size_t size)
-{
-    if (void* memory = operator new(size, std::nothrow)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 
@@ -684,14 +653,14 @@ TEST(CDatumTransform, ConversionAllocatesNothing)
     const CDatumTransform constant = LoadedDatum(PublishedSets()[2].datum, &heights);
     const CDatumTransform moving = LoadedDatum(PublishedSets()[4].datum, &heights);
     Result r;
-    const long before = allocations;
+    const long before = AllocationCount();
     for (const CDatumTransform* datum : {&constant, &moving}) {
         for (const bool inverse : {false, true}) {
             datum->DoDtf(52.0, 5.0, 100.0, r.lat, r.lon, r.h, inverse, 1e12);
             datum->DoDtf(52.0, 5.0, 100.0, r.lat, r.lon, r.h, inverse, 0.0);
         }
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(AllocationCount(), before);
     EXPECT_GT(before, 0);
 }
 

@@ -7,7 +7,7 @@
 
 #include "base/files/FileObject.h"
 #include "tests/support/TempDirectory.h"
-#include "tests/unit/files/AllocationCount.h"
+#include "tests/support/AllocationCount.h"
 
 namespace {
 

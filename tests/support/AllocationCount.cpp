@@ -2,7 +2,7 @@
 // through the replacement.
 #if !defined(_WIN32)
 
-#include "tests/unit/files/AllocationCount.h"
+#include "tests/support/AllocationCount.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -14,11 +14,15 @@ namespace {
 std::atomic<long> allocations{0};
 std::atomic<std::size_t> limit{std::numeric_limits<std::size_t>::max()};
 
-void* Allocate(std::size_t size)
+void* AllocateOrNull(std::size_t size) noexcept
 {
     ++allocations;
-    void* memory = size > limit ? nullptr : std::malloc(size == 0 ? 1 : size);
-    if (memory != nullptr) {
+    return size > limit ? nullptr : std::malloc(size == 0 ? 1 : size);
+}
+
+void* Allocate(std::size_t size)
+{
+    if (void* memory = AllocateOrNull(size)) {
         return memory;
     }
     throw std::bad_alloc();
@@ -34,6 +38,14 @@ void* operator new[](std::size_t size)
 {
     return Allocate(size);
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return AllocateOrNull(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
+{
+    return AllocateOrNull(size);
+}
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
@@ -47,6 +59,15 @@ void operator delete(void* memory, std::size_t) noexcept
     std::free(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t&) noexcept
 {
     std::free(memory);
 }
