@@ -14,6 +14,7 @@
 #include "PairedRatios.h"
 #include "frame/RecordNames.h"
 #include "frame/ZorGeoUtility.h"
+#include "projections/CRDprj.h"
 #include "projections/ProjectionFactory.h"
 
 namespace {
@@ -33,6 +34,8 @@ struct Road {
     const char* proj;
     Area area;
     const wchar_t* hemisphere = nullptr;
+    /// For a class that the factory does not make.
+    CProjection* (*make)() = nullptr;
 };
 
 const Road kRoads[] = {
@@ -72,6 +75,15 @@ const Road kRoads[] = {
      {{7, 0.9999079}}, // the rest are the defaults
      "+proj=sterea +lat_0=52.156160556 +lon_0=5.387638889 +k=0.9999079 +x_0=155000 +y_0=463000 +ellps=bessel",
      {50.75, 53.7, 3.2, 7.22}},
+    {"RD by polynomials",
+     2,
+     6377397.155,
+     0.0066743722318021447,
+     {{7, 0.9999079}},
+     "+proj=sterea +lat_0=52.156160556 +lon_0=5.387638889 +k=0.9999079 +x_0=155000 +y_0=463000 +ellps=bessel",
+     {50.75, 53.7, 3.2, 7.22},
+     nullptr,
+     []() -> CProjection* { return new CRDprj; }},
     {"Stereographic",
      7,
      6378245.0,
@@ -134,7 +146,7 @@ class Pair {
 public:
     explicit Pair(const Road& road) : m_theirs(proj_create(PJ_DEFAULT_CTX, road.proj), proj_destroy)
     {
-        m_ours.reset(ProjectionFactory::CreateProjectionByType(road.type));
+        m_ours.reset(road.make != nullptr ? road.make() : ProjectionFactory::CreateProjectionByType(road.type));
         FileObject file;
         for (const auto& [index, value] : road.parameters) {
             file.SetItem(L"Prj", projectionParamKeys[static_cast<std::size_t>(index)], value, true);
