@@ -279,7 +279,7 @@ void SplitLine(const Layout& layout, const char* begin, const char* end, std::ar
     const char* at = begin;
     const auto store = [&fields](signed char slot, const char* from, const char* to) {
         if (slot >= 0) {
-            fields[static_cast<std::size_t>(slot)] = {from, to};
+            fields[static_cast<unsigned char>(slot)] = {from, to};
         }
     };
     if (layout.delimiter == kBlanks) {
@@ -339,7 +339,7 @@ Layout FindLayout(const ColumnRequest& request, std::string_view firstLine, cons
                                     input));
     }
     const int last = *std::max_element(attempt.columns.begin(), attempt.columns.end());
-    layout.slots.assign(static_cast<std::size_t>(last + 1), -1);
+    layout.slots.assign(static_cast<std::size_t>(last) + 1U, -1);
     for (int slot = 0; slot < Slot::count; ++slot) {
         if (const int column = attempt.columns[static_cast<std::size_t>(slot)]; column >= 0) {
             layout.slots[static_cast<std::size_t>(column)] = static_cast<signed char>(slot);
