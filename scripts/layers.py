@@ -23,7 +23,7 @@ ALLOWED = {
     "base/platform/windows": {"base", "base/text", "base/platform", "base/files"},
     "base/files": {"base", "base/text", "base/platform"},
     "base/desk": {"base", "base/text", "base/registry", "base/platform"},
-    "base/geoid": {"base", "base/text", "base/keys", "base/geo", "base/files", "base/platform"},
+    "base/geoid": {"base", "base/text", "base/keys", "base/geo", "base/files", "base/platform", "base/registry"},
     "base/registry": {"base", "base/text", "base/keys", "base/files", "base/platform"},
     "src/frame": {"base/*"},
     "src/resources": {"src/frame"},

@@ -7,7 +7,7 @@ set -eu
 
 root=$(CDPATH='' cd -- "$(dirname -- "$0")/.." && pwd)
 packages="g++ cmake ninja-build pkg-config libcli11-dev libfmt-dev nlohmann-json3-dev libgtest-dev libgmock-dev
-          libbenchmark-dev libproj-dev proj-bin proj-data python3"
+          libbenchmark-dev libproj-dev proj-bin proj-data geographiclib-tools libxml2-utils python3"
 
 say() { printf '%s\n' "== $*" >&2; }
 

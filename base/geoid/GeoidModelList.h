@@ -7,7 +7,8 @@
 #include "base/geoid/GeoidModel.h"
 
 /// The registry of geoid and correction models, by type number: an index into
-/// GeoidmodelTypeKeys, 2 to 31.
+/// GeoidmodelTypeKeys, 2 to 31. Every type is served by GridModel until another maker takes its
+/// place.
 class ZORBASE_API GeoidModelList {
 public:
     static GeoidModelList& GetGeoidModelList();
@@ -20,7 +21,11 @@ public:
     /// False for a type outside 2 to 31.
     bool Register(unsigned short type, Maker maker);
     bool Has(unsigned short type) const;
+    /// What makes the models of a type; null when nothing does.
+    Maker MakerOf(unsigned short type) const;
 
 private:
+    GeoidModelList();
+
     std::map<unsigned short, Maker> m_makers;
 };

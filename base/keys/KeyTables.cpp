@@ -58,7 +58,7 @@ const std::array<CString, 23> projectionParamKeys = {
 const std::array<CString, 23> transParamKeys = {
     L"Datum transformation", // 0
     L"Description",          // 1
-    L"Source ellipsoid",     // 2
+    L"Source",     // 2
     L"Target ellipsoid",     // 3
     L"Shift X",              // 4
     L"Shift Y",              // 5

@@ -9,7 +9,7 @@
 
 // What each platform must give the base layer about files: one implementation in posix/, one in
 // windows/, and no system header anywhere else. The places of a platform are in Directories.h,
-// its message box in MessageBox.h.
+// its message box in MessageBox.h, files as memory in MappedFile.h.
 
 enum class FileErrorCode : int;
 
@@ -62,6 +62,7 @@ public:
                 FileFailure& failure) const;
 
 private:
+    friend class MappedFile;
     std::intptr_t m_handle = -1;
 };
 

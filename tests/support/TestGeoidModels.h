@@ -121,18 +121,19 @@ private:
     CString m_file;
 };
 
-/// Supplies test models as type number `type` for its lifetime; afterwards the type is empty.
-/// One per type at a time. A model that was made may outlive it.
+/// Supplies test models as type number `type` for its lifetime; afterwards the type is served as
+/// before. One per type at a time. A model that was made may outlive it.
 template <unsigned short type>
 class ScopedGeoidModel {
 public:
     explicit ScopedGeoidModel(const TestGeoidSettings& settings)
+        : m_before(GeoidModelList::GetGeoidModelList().MakerOf(type))
     {
         Settings() = settings;
         GeoidModelList::GetGeoidModelList().Register(type,
                                                      []() -> GeoidModel* { return new TestGeoidModel(Settings()); });
     }
-    ~ScopedGeoidModel() { GeoidModelList::GetGeoidModelList().Register(type, nullptr); }
+    ~ScopedGeoidModel() { GeoidModelList::GetGeoidModelList().Register(type, m_before); }
     ScopedGeoidModel(const ScopedGeoidModel&) = delete;
     ScopedGeoidModel& operator=(const ScopedGeoidModel&) = delete;
 
@@ -142,6 +143,24 @@ private:
         static TestGeoidSettings settings;
         return settings;
     }
+
+    GeoidModelList::Maker m_before;
+};
+
+/// Takes the reader of type number `type` out for its lifetime.
+template <unsigned short type>
+class ScopedNoGeoidModel {
+public:
+    ScopedNoGeoidModel() : m_before(GeoidModelList::GetGeoidModelList().MakerOf(type))
+    {
+        GeoidModelList::GetGeoidModelList().Register(type, nullptr);
+    }
+    ~ScopedNoGeoidModel() { GeoidModelList::GetGeoidModelList().Register(type, m_before); }
+    ScopedNoGeoidModel(const ScopedNoGeoidModel&) = delete;
+    ScopedNoGeoidModel& operator=(const ScopedNoGeoidModel&) = delete;
+
+private:
+    GeoidModelList::Maker m_before;
 };
 
 /// A model with the same geoid height everywhere and no shifts.

@@ -4,8 +4,11 @@
 
 #include <initializer_list>
 #include <memory>
+#include <sstream>
 #include <type_traits>
 
+#include "base/geoid/GridModel.h"
+#include "base/keys/KeyTables.h"
 #include "tests/support/TestGeoidModels.h"
 
 namespace {
@@ -41,24 +44,38 @@ TEST(GeoidModelList, MakesWhatWasRegisteredAndGivesItAway)
     EXPECT_EQ(settings.calls->destroyed, 2);
 }
 
-TEST(GeoidModelList, GivesNullForATypeWithoutAModel)
+TEST(GeoidModelList, GivesNullForATypeThatIsNoModel)
 {
-    const ScopedGeoidModel<7> registered(ConstantGeoid(43.5));
-    for (const unsigned short type : Types{0, 1, 2, 6, 8, 31, 32, 65535}) {
+    for (const unsigned short type : Types{0, 1, 32, 65535}) {
         EXPECT_FALSE(Make(type)) << type;
         EXPECT_FALSE(GeoidModelList::GetGeoidModelList().Has(type)) << type;
+        EXPECT_EQ(GeoidModelList::GetGeoidModelList().MakerOf(type), nullptr) << type;
+    }
+}
+
+TEST(GeoidModelList, ServesEveryTypeByGridFilesFromTheStart)
+{
+    for (unsigned short type = GeoidType::firstModel; type <= GeoidType::lastModel; ++type) {
+        EXPECT_TRUE(GeoidModelList::GetGeoidModelList().Has(type)) << type;
+        const auto model = Make(type);
+        ASSERT_TRUE(dynamic_cast<GridModel*>(model.get())) << type;
+        std::wostringstream xml;
+        model->DumpXml(xml, L"");
+        EXPECT_EQ(CString(xml.str()),
+                  L"<geoidmodel>\n  <name>" + GeoidmodelTypeKeys[type] + L"</name>\n</geoidmodel>\n");
     }
 }
 
 TEST(GeoidModelList, NullTakesTheModelsOfATypeOut)
 {
     {
-        const ScopedGeoidModel<31> registered(ConstantGeoid(1.0));
+        const ScopedNoGeoidModel<31> empty;
+        EXPECT_FALSE(GeoidModelList::GetGeoidModelList().Has(31));
+        EXPECT_FALSE(Make(31));
+        // A type that is empty already may be emptied again.
+        EXPECT_TRUE(GeoidModelList::GetGeoidModelList().Register(31, nullptr));
     }
-    EXPECT_FALSE(GeoidModelList::GetGeoidModelList().Has(31));
-    EXPECT_FALSE(Make(31));
-    // A type that is empty already may be emptied again.
-    EXPECT_TRUE(GeoidModelList::GetGeoidModelList().Register(31, nullptr));
+    EXPECT_TRUE(Make(31));
 }
 
 TEST(GeoidModelList, ALaterMakerReplacesTheEarlier)
@@ -79,9 +96,11 @@ TEST(GeoidModelList, TakesTypes2To31Alone)
         EXPECT_FALSE(list.Has(type)) << type;
     }
     for (const unsigned short type : Types{2, 31}) {
+        const GeoidModelList::Maker before = list.MakerOf(type);
         EXPECT_TRUE(list.Register(type, none)) << type;
         EXPECT_TRUE(list.Has(type)) << type;
-        list.Register(type, nullptr);
+        EXPECT_EQ(list.MakerOf(type), none) << type;
+        list.Register(type, before);
     }
 }
 

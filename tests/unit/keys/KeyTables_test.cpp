@@ -108,7 +108,7 @@ TEST(KeyTables, DatumTransformationKeys)
 {
     ExpectTexts(transParamKeys, {{0, "Datum transformation"},
                                  {1, "Description"},
-                                 {2, "Source ellipsoid"},
+                                 {2, "Source"},
                                  {3, "Target ellipsoid"},
                                  {4, "Shift X"},
                                  {5, "Shift Y"},
