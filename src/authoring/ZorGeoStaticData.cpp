@@ -1,6 +1,8 @@
 #include "authoring/ZorGeoStaticData.h"
 
 #include "database/ZorGeoDatabase.h"
+#include "datum/DatumMethod.h"
+#include "frame/DescriptionText.h"
 #include "projections/ProjectionType.h"
 
 namespace {
@@ -9,21 +11,13 @@ namespace {
 constexpr unsigned kMethodTexts[] = {15411, 15392, 15412, 15400, 15413};
 constexpr unsigned kSevenParameterText = kMethodTexts[1];
 
-// Text of the string table, empty when it cannot be loaded.
-CString TextOf(unsigned id)
-{
-    CString text;
-    text.LoadString(id);
-    return text;
-}
-
 } // namespace
 
 // The catalogue, a member, fills the directories.
 ZorGeoStaticData::ZorGeoStaticData()
 {
     for (const unsigned id : kMethodTexts) {
-        m_dtMdNames.Add(TextOf(id));
+        m_dtMdNames.Add(LabelText(id));
     }
 }
 
@@ -44,12 +38,17 @@ void ZorGeoStaticData::SetElpNameAndKey(CString name, CString key)
 // the method number stays what it was. Editors show the parameters of what this leaves.
 void ZorGeoStaticData::SetNoDtf(CString name)
 {
-    m_dtMdName = TextOf(kSevenParameterText);
+    m_dtMdName = LabelText(kSevenParameterText);
     m_dtName = name;
     SetDtTransferParams(0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, false, 0.0, 0.0);
 }
 
 int ZorGeoStaticData::GetDtfMdType(CString name)
+{
+    return GetDtfType(name);
+}
+
+int ZorGeoStaticData::GetDtfType(const CString& name) const
 {
     for (int method = 0; method < m_dtMdNames.GetSize(); ++method) {
         if (m_dtMdNames[method].Find(name) != -1) {
@@ -66,15 +65,7 @@ void ZorGeoStaticData::GetAllDtTransMdNames(CStringArray& out)
 
 int ZorGeoStaticData::GetDtTransMethodByName(CString name)
 {
-    const CString* const bareNames[] = {&kMethodBursaWolfe7, &kMethodHelmert7, &kMethodBursaWolfe14, &kMethodHelmert14};
-    int method = 1;
-    for (const CString* bareName : bareNames) {
-        if (name == *bareName) {
-            return method;
-        }
-        ++method;
-    }
-    return 0;
+    return DatumMethodNumber(name);
 }
 
 bool ZorGeoStaticData::BeUTMPrj(int type)

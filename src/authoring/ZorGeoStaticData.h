@@ -19,7 +19,17 @@ public:
     ZorGeoStaticData();
 
     ~ZorGeoStaticData() override;
-    /// Adds the system to the user database, each record as far as the database lacks it.
+    /// Adds the system to the user file of the database: group, system, datum transformation,
+    /// projection, both ellipsoids and unit, each as far as neither file has it. The
+    /// system's settings, and a datum transformation and a projection of the user file, are written
+    /// anew. Nothing else changes on disk; what the record holds changes as the private writers tell.
+    /// False, with the user file untouched, when it or the database cannot be opened, the name of
+    /// the group is empty, a section cannot be made for a name, or the file is read-only and stays
+    /// so; false too when a file that was read-only cannot be made so again. A value that no file
+    /// can hold (text with an unpaired surrogate) is left out without a word. Whether the save
+    /// itself succeeded is not part of the result: see ZorGeoUtility::GuardedSave.
+    /// Throws as WriteProjectionInfo, with the user file untouched.
+    /// A database that the caller has open does not see the system before its next Init.
     bool SaveDataToDB() override;
     /// Index of the first entry of the method list that contains `name`, capitals included: bare
     /// name and list text alike. -1 when none does, 0 for an empty name.
@@ -35,17 +45,23 @@ public:
     int GetPrjType(CString method) override;
     /// Whether `type` is 1.
     bool BeUTMPrj(int type) override;
-    /// Record against database: 0 differs, 1 equal, 2 no record of that name.
+    /// The record beside that of the same name in `database`, a ZorGeoDatabase, whose user file
+    /// answers first: 0 differs, 1 equal, 2 no record of that name. Values are compared exactly,
+    /// capitals included, and NaN differs from everything; the parameters of a projection have a
+    /// tolerance. What counts and what does not stands at ZorGeoStaticDataEquality.cpp.
     int CheckSystemIsEqual(ZorGeoDatabaseBase* database) override;
+    /// Puts the database's description into a record of a method of seven parameters.
     int CheckDtfIsEqual(ZorGeoDatabaseBase* database) override;
+    /// Throws std::invalid_argument when there are more values than names.
     int CheckProjectionIsEqual(ZorGeoDatabaseBase* database) override;
     /// Parameters of a projection type, in display order: names, kinds, keys. `keys` is appended to.
     void GetSelPrjMdResults(int type, CStringArray& names, CArray<UINT, UINT>& numbers, CStringArray& keys) override;
     void SetSysNameAndKey(CString name, CString key) override;
     void SetGroupNameAndKey(CString name, CString key) override;
     void SetDttransNameAndKey(CString name, CString key) override;
-    /// Also fills the six ellipsoid parameters from the database under `name`; they keep their values
-    /// when the database cannot be opened or has no such ellipsoid.
+    /// Also fills the ellipsoid's parameters from the database under `name`, all but the squared
+    /// eccentricity; they keep their values when the database cannot be opened or has no such
+    /// ellipsoid.
     void SetElpNameAndKey(CString name, CString key) override;
     void SetUnitNameAndKey(CString name, CString key) override;
     void SetPrjNameAndType(CString name, short type) override;
@@ -86,7 +102,9 @@ public:
     CString GetDtfDescp() override;
     CString GetUnitDescp() override;
     CString GetGeoidDescp() override;
-    /// The report that a user reads before confirming a new system.
+    /// The report that a user reads before confirming a new system, lines ended by CR LF. Rotations
+    /// come in the display unit of datum rotations, what else is a number as it is stored.
+    /// Throws std::invalid_argument when parameters have fewer texts than names.
     CString DumpSysinfoText() override;
     void SetSrcElpName(CString name) override;
     CString GetSrcElpName() override;
@@ -140,14 +158,34 @@ public:
     /// A new record, owned by the caller, with most of this one; what it leaves out stands at
     /// ZorGeoStaticDataCopy.cpp.
     ZorGeoStaticDataBase* Copy() override;
+
+private:
+    struct CopiedFields;
+    struct Fields;
+    struct SaveRun;
+    struct Comparison;
+    struct Report;
+
+    // Parts of SaveDataToDB: write the record into `file`, in memory. True.
+    /// A system that is not new keeps the geoid that the database has for it, from the default
+    /// fields; for a new one the fields in use become the default.
+    bool WriteNewSystem(FileObject* file, bool isNew);
+    /// Latitudes of 90 degrees move off the pole, in the record too. Throws std::invalid_argument
+    /// when there are more values than names.
+    bool WriteProjectionInfo(FileObject* file);
+    bool WriteNewDtf(FileObject* file);
+    /// GetDtfMdType, whatever a class built on this one makes of that.
+    int GetDtfType(const CString& name) const;
     /// Display name of entry `index` of projectionParamKeys, and its kind: 1 a longitude, 2 a
     /// latitude, else a plain number. Empty without a catalogue or an entry.
     CString FindStaticData(int index, UINT& kind);
     /// Number of parameters of a projection type; 0 when the catalogue does not list it.
     int FindStaticDataSize(int type);
+    /// The parameters of a datum transformation, as its method wants them compared.
+    bool SameDatumParameters(const FileObject& file, const CString& section);
+    /// `count` tabs, none below 1.
+    static CString BuildIndentString(int count);
 
-private:
-    struct CopiedFields;
     /// Tests look at the values that no getter shows.
     friend struct ZorGeoStaticDataProbe;
 
@@ -174,6 +212,7 @@ private:
     CString m_geoidDescp;
     CString m_sysDescp;
     CStringArray m_dtMdNames;
+    CStringArray m_spareNames; ///< holds a place in the order of the fields; always empty
     short m_prjType = 0;
     double m_shiftX = 0.0;
     double m_shiftY = 0.0;

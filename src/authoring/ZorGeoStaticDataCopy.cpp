@@ -3,8 +3,8 @@
 // The fields that a copy takes over, by type.
 //
 // Kept: the list is not complete. Fixed heights, the manual geoid separation, the default post
-// model and file, and the numbers of the source ellipsoid start afresh in a copy: editors copy a
-// record to make a new system from it, and ask for these again.
+// model and file, and the numbers of the source ellipsoid start afresh in a copy: who makes a new
+// system from one has to set them.
 struct ZorGeoStaticData::CopiedFields {
     using Record = ZorGeoStaticData;
 

@@ -1,6 +1,9 @@
 #include "coordsys/GeoCorrections.h"
 
 #include <cmath>
+#include <utility>
+
+#include "frame/XmlLines.h"
 
 namespace {
 
@@ -72,6 +75,13 @@ void GeoCorrections::CreatePostModel(const CString& name, ZorGeoCoordSysBase* co
     pPostModel = CreateModel(postType);
     if (pPostModel) {
         pPostModel->InitModel(coordSys);
+    }
+}
+
+void GeoCorrections::TakeUnitOf(ZorGeoCoordSysBase* coordSys)
+{
+    for (std::shared_ptr<GeoidModel>* model : {&pGeoidModel, &pPostModel}) {
+        *model = GridModel::InUnitOf(coordSys, std::move(*model));
     }
 }
 
@@ -183,4 +193,69 @@ void GeoCorrections::ShiftGeographic(double& latitude, double& longitude, bool i
         latitude = inverse ? latitude - dlat : latitude + dlat;
         longitude = inverse ? longitude - dlon : longitude + dlon;
     }
+}
+
+void GeoCorrections::DumpGeoidXml(std::wostream& stream, const std::wstring& indent) const
+{
+    if (pGeoidModel) {
+        pGeoidModel->DumpXml(stream, indent);
+    }
+    if (geoidType != GeoidType::manual) {
+        return;
+    }
+    // Kept: the definition of the element of a fixed separation, in the spelling that readers know
+    // and with the blanks before its end. A fixed separation has no model type, so none is written.
+    const XmlLines outer(stream, indent);
+    const XmlLines xml = outer.Inner();
+    outer.Tag(L"<geoidmodel>");
+    xml.Element(L"name", ModelName(GeoidType::manual));
+    xml.Tag(L"<seperation>" + XmlNumber(stream, manualSeparation) + L"  </seperation>");
+    outer.Tag(L"</geoidmodel>");
+}
+
+void GeoCorrections::DumpPostXml(std::wostream& stream, const std::wstring& indent) const
+{
+    const XmlLines outer(stream, indent);
+    DumpPostModelXml(outer);
+    DumpPostAdjustXml(outer);
+}
+
+void GeoCorrections::DumpPostModelXml(const XmlLines& outer) const
+{
+    if (postType < 0) {
+        return;
+    }
+    const XmlLines xml = outer.Inner();
+    outer.Tag(L"<postcorrectionmodel>");
+    xml.Element(L"name", ModelName(postType));
+    if (!postFileName.IsEmpty()) {
+        xml.Element(L"filename", postFileName);
+    }
+    outer.Tag(L"</postcorrectionmodel>");
+}
+
+void GeoCorrections::DumpPostAdjustXml(const XmlLines& outer) const
+{
+    if (shiftX == 0.0 && shiftY == 0.0 && shiftZ == 0.0 && !horAdjust && !vertAdjust) {
+        return;
+    }
+    const XmlLines xml = outer.Inner();
+    outer.Tag(L"<postcorrection>");
+    xml.Element(L"shiftx", shiftX);
+    xml.Element(L"shifty", shiftY);
+    xml.Element(L"shiftz", shiftZ);
+    if (horAdjust) {
+        xml.Element(L"hororgx", horOriginX);
+        xml.Element(L"hororgy", horOriginY);
+        xml.Element(L"horrotate", horRotation);
+        xml.Element(L"horscale", horScale);
+    }
+    if (vertAdjust) {
+        xml.Element(L"vertorgx", vertOriginX);
+        xml.Element(L"vertorgy", vertOriginY);
+        // Plain numbers, where databases hold parts per million.
+        xml.Element(L"vertslopex", vertSlopeX);
+        xml.Element(L"vertslopey", vertSlopeY);
+    }
+    outer.Tag(L"</postcorrection>");
 }

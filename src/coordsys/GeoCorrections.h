@@ -1,8 +1,12 @@
 #pragma once
 
+#include <iosfwd>
 #include <memory>
+#include <string>
 
 #include "frame/BaseContract.h"
+
+class XmlLines;
 
 /// A system's geoid and post corrections in working form: what CalGeoidHeight and CalPostXYZ of
 /// ZORGeoCoordSys compute with.
@@ -46,6 +50,9 @@ public:
     /// Makes the post correction model `name`, in place of an earlier one. An unknown name leaves
     /// none. Whether the model accepts the system is not asked.
     void CreatePostModel(const CString& name, ZorGeoCoordSysBase* coordSys);
+    /// Has both models answer in the unit that the system has now. A copy of this record keeps its
+    /// models in the unit that they had.
+    void TakeUnitOf(ZorGeoCoordSysBase* coordSys);
 
     void SetShifts(double x, double y, double z);
     /// Rotation in arc seconds; a scale of 0 is taken as 1.
@@ -67,7 +74,14 @@ public:
     /// position as it is without a model or when the model has none.
     void ShiftGeographic(double& latitude, double& longitude, bool inverse) const;
 
+    /// Write the geoid, and the post model with shifts and adjusts, as XML elements; a part that is
+    /// not there writes nothing. Each line begins with the indent.
+    void DumpGeoidXml(std::wostream& stream, const std::wstring& indent) const;
+    void DumpPostXml(std::wostream& stream, const std::wstring& indent) const;
+
 private:
     void SetRotation(double arcSeconds);
     double PlaneHeight(double x, double y) const;
+    void DumpPostModelXml(const XmlLines& outer) const;
+    void DumpPostAdjustXml(const XmlLines& outer) const;
 };

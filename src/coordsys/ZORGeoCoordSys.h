@@ -11,6 +11,7 @@
 class CDatumTransform;
 class CProjection;
 class Ellipsoid;
+class ZorGeoStaticData;
 
 /// One named coordinate system of the database, bound to one project.
 ///
@@ -49,10 +50,13 @@ public:
     /// the literal "--None--" switches a model off. `projectFile` is a full file name, empty for
     /// the suite's current project. `unit` is a unit's name; "none" in any case of letters keeps
     /// the system's own.
+    /// A system that the database lacks, or holds with other values than the project's backup, is
+    /// written from the backup into the user database. The user names each record whose name is
+    /// taken; the new names go into the project, which is saved.
     /// False, after a message, when the project or the database cannot be opened. False without
-    /// one when the system or one of its parts is not found or does not load, when `unit` is not known (all parts
-    /// are then built), or when the project has no backup of the system (all parts are then built
-    /// and IsInit is true).
+    /// one when the system or one of its parts is not found or does not load, when `unit` is not
+    /// known (all parts are then built), when the project has no backup of the system (all parts are
+    /// then built and IsInit is true), or when the user cancels a question.
     bool Init(CString group, CString system, CString geoidModel, CString geoidFile, CString chartDatum,
               CString postModel, CString postFile, CString projectFile, CString unit) override;
     /// The same on an open project, which must outlive this object or its next Init of this form.
@@ -60,7 +64,14 @@ public:
     /// the comparison with the project's backup. A null project gives false and no message.
     bool Init(CString group, CString system, CString geoidModel, CString geoidFile, CString chartDatum,
               CString postModel, CString postFile, FileObject& project, CString unit, bool silent) override;
+    /// Writes into the project which system it uses: group, system, and the models, chart datum and
+    /// unit that go with it. For a system that Init has set up. True; saving the file is the host's.
     bool Save(FileObject& project) override;
+    /// Writes the whole system into the project, so that it can be opened where the database lacks
+    /// it. Keys and sections that a run does not write keep what they held. For a system that Init
+    /// has set up. True; saving the file is the host's.
+    /// Kept: a system with a geoid model answers HasGeoidModel afterwards as the database says of
+    /// it; one without goes on without.
     bool SaveBackup(FileObject& project) override;
     /// Gives the geoid and post models back. A fixed geoid separation stays in force.
     void CloseCorrectionModels() override;
@@ -144,6 +155,9 @@ public:
     void PointScaleFactor(double x, double y, double& factor) const override;
     double LineScaleFactor(double x1, double y1, double x2, double y2) const override;
     void LineScaleFactor(double x1, double y1, double x2, double y2, double& factor) const override;
+    /// Fragments of XML, each line begun with the indent; the host writes the document around them.
+    /// Numbers follow the stream's precision and flags, with a decimal point in any locale. A part
+    /// that is missing writes nothing. Texts of the database are not escaped.
     void DumpProjectionXml(std::wostream& stream, const std::wstring indent, int unused) const override;
     void DumpDatumXml(std::wostream& stream, const std::wstring indent) override;
     void DumpEllipsoidXml(std::wostream& stream, const std::wstring indent) override;
@@ -161,7 +175,14 @@ public:
     /// Scales an offset on the ground to the grid at (x, y). The factor of the last place serves
     /// again within 1000 units of it in each axis. False, offset untouched, without a projection.
     bool ProjectOffset(double& dx, double& dy, double x, double y) override;
+    /// Takes datum transformation `name` of `file` into the user file of the database and saves
+    /// that; the lists by ellipsoids do not show it before the next Init. Ellipsoids do not come along:
+    /// for those that the database lacks the record holds four numbers. True also when the
+    /// database knows the name already, whatever its record holds, and when the save fails.
+    /// False, nothing changed, for a null file or one from which the record does not load.
     bool SaveDtfFileObjToDB(FileObject* file, CString name) override;
+    /// Writes datum transformation `name` of the database, main file first, into `file`. False,
+    /// `file` untouched, when it does not load.
     bool CreateDtfFileObj(CString name, FileObject& file) override;
     /// Appends the projection's GeoTIFF keys; nothing without a projection.
     void GetGeoKeys(std::list<std::pair<int, short>>& shortKeys,
@@ -189,8 +210,16 @@ public:
     bool CalPostXY(double x, double y, double& outX, double& outY, bool inverse) const override;
     bool CalPostXYZ(double x, double y, double z, double& outX, double& outY, double& outZ,
                     bool inverse) const override;
+    /// The system in PROJ.4's words, datum transformation to WGS84 included. Empty for a projection
+    /// that has no such text. Throws std::invalid_argument when the text needs a constant that the
+    /// projection does not list, as before Init.
     CString GetGDALProj4CoordSysText() override;
+    /// Of a UTM system: zone number, "n" or "s", and the false northing in metres, 0 or 10000000.
+    /// False, outputs untouched, for any other system.
     bool GetFauParameters(CStringA& zone, CStringA& hemisphere, double& falseNorthing) override;
+    /// A new datum transformation from the database, main file first, owned by the caller. A name
+    /// that the database lacks is taken over from the older definition files, which adds it to the
+    /// user file. Null when nobody has it, with the files as they were, or when it does not load.
     CDatumTransform* CreateNewDtf(CString name) override;
 
     /// Empty, always: the files have names of their own.
@@ -213,6 +242,10 @@ private:
     bool CreateTransformation(FileObject& file);
     bool CreateObjects();
     void DeleteObjects();
+    bool BuildParts(const CString& unit);
+    bool FindRestoredSystem();
+    short UnitFormat() const;
+    std::shared_ptr<CProjection> NewProjection() const;
 
     bool IniGeoCorrections();
     void IniGeoidSettings();
@@ -222,9 +255,29 @@ private:
     void IniPostVertAdjust();
     void IniPostModel();
 
+    struct BackupRows;
+    void SaveGeoidBackup(FileObject& project);
+    void FileObjectSave(FileObject& file);
+
+    bool SaveDtfToDB(const CDatumTransform* datum);
+
     bool RestoreBackupCheckNameConflict();
     bool CheckDataBaseWithProjectBackup(const CString& unit);
+    bool RestoreBackup(const CString& group, const CString& system);
+    void ReadBackupSettings();
+    bool RestoreUnit();
+    bool RestoreEllipsoid();
+    bool RestoreProjection();
+    bool RestoreTransformation();
+    bool SaveBackupToDB(const CString& group, const CString& system);
+    void DescribeEllipsoids(ZorGeoStaticData& record);
+    void DescribeTransformation(ZorGeoStaticData& record);
+    void DescribeProjectionAndUnit(ZorGeoStaticData& record);
+    void DescribeCorrections(ZorGeoStaticData& record);
     bool CreateGeoStaticDataFromBackup(ZorGeoStaticDataBase& record);
+
+    /// Tests reach what no interface shows.
+    friend struct ZORGeoCoordSysProbe;
 
     std::shared_ptr<FileObject> m_pProjectFile; ///< the caller's when m_externalProjectFile
     ZorGeoDatabase m_database;

@@ -65,8 +65,8 @@ void ZORGeoCoordSys::SetUserIOLatLonOnSAT(int value)
     m_userIOLatLonOnSAT = value;
 }
 
-// Kept: any value but 0 selects the satellite frame, and this answers for 1 alone. Hosts store
-// other values there and rely on both.
+// Kept: any value but 0 selects the satellite frame, and this answers for 1 alone: with any other
+// value it denies a frame that is in use.
 bool ZORGeoCoordSys::GetUserIOLatLonOnSAT() const
 {
     return m_userIOLatLonOnSAT == 1;
@@ -107,7 +107,7 @@ void ZORGeoCoordSys::GeoToGrid(double latitude, double longitude, double height,
 }
 
 // Kept: post corrections only where they are asked for, while GridToGeo always takes them off. For
-// a system with post shifts the two are no round trip; plots drawn with them rely on it.
+// a system with post shifts the two are no round trip.
 void ZORGeoCoordSys::GeoToGrid(double latitude, double longitude, double& x, double& y, bool post) const
 {
     m_corrections.ShiftGeographic(latitude, longitude, false);

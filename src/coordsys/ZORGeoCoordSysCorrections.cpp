@@ -37,6 +37,8 @@ bool ZORGeoCoordSys::IniGeoCorrections()
     IniPostHorAdjust();
     IniPostVertAdjust();
     IniPostModel();
+    // A model that an earlier Init has left knows the unit of that time.
+    m_corrections.TakeUnitOf(this);
     return true;
 }
 

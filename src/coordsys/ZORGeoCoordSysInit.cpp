@@ -50,7 +50,7 @@ bool ZORGeoCoordSys::Init(CString group, CString system, CString geoidModel, CSt
                           CString postModel, CString postFile, CString projectFile, CString unit)
 {
     // Kept: a project that an earlier call was given open is not let go of here, and so stays the
-    // one that is read; hosts that change over make a new object.
+    // one that is read: changing over takes a new object.
     DeleteObjects();
     m_externalProjectFile = false;
     m_projectFileName = projectFile.IsEmpty() ? ZorGeoUtility::Get().projectDir + kProjectFile : projectFile;
@@ -116,7 +116,12 @@ void ZORGeoCoordSys::StoreArguments(const CString& group, const CString& system,
 
 bool ZORGeoCoordSys::BuildSystem(const CString& unit)
 {
-    if (!FindSystem() || !CreateObjects()) {
+    return FindSystem() && BuildParts(unit);
+}
+
+bool ZORGeoCoordSys::BuildParts(const CString& unit)
+{
+    if (!CreateObjects()) {
         return false;
     }
     if (unit.CompareNoCase(kKeepUnit) != 0 && !SetCoordSysUnit(unit)) {
@@ -132,9 +137,12 @@ bool ZORGeoCoordSys::FindSystem()
         IniZorCoordSys(m_database.GetMainFile(), m_groupName, m_sysName)) {
         return true;
     }
-    if (!RestoreBackupCheckNameConflict()) {
-        return false;
-    }
+    return RestoreBackupCheckNameConflict() && FindRestoredSystem();
+}
+
+// Reads the record of a system that has just been written into the user file.
+bool ZORGeoCoordSys::FindRestoredSystem()
+{
     DeleteObjects();
     return OpenDatabase() && IniZorCoordSys(m_database.GetUserFile(), m_groupName, m_sysName);
 }
@@ -163,15 +171,21 @@ bool ZORGeoCoordSys::ReadUnit(const CString& unit)
     if (!m_pProjectFile || !m_pProjectFile->HasSection(FORMATS_SECTION)) {
         return false;
     }
-    double format = 0.0;
-    ReadItem(*m_pProjectFile, FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], format);
     CString text;
     if (!ReadItem(m_database.GetMainFile(), kUnitsSection, unit, text) &&
         !ReadItem(m_database.GetUserFile(), kUnitsSection, unit, text)) {
         return false;
     }
-    m_unit.Set(m_unitName, text, FormatNumber(format));
+    m_unit.Set(m_unitName, text, UnitFormat());
     return true;
+}
+
+// The project's number for the display of lengths.
+short ZORGeoCoordSys::UnitFormat() const
+{
+    double format = 0.0;
+    ReadItem(*m_pProjectFile, FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], format);
+    return FormatNumber(format);
 }
 
 bool ZORGeoCoordSys::CreateEllipsoid(const FileObject& file)
@@ -201,21 +215,28 @@ bool ZORGeoCoordSys::CreateProjection(const FileObject& file)
     m_projectionType = static_cast<int>(type);
     ReadItem(file, section, kProjectionMethod, m_projectionMethod);
     m_pProjection.reset();
-    if (!m_pEllipsoid) {
-        return false;
-    }
-    std::shared_ptr<CProjection> projection(
-        ProjectionFactory::CreateProjectionByType(static_cast<std::uint32_t>(m_projectionType)));
-    if (!projection) {
-        return false;
-    }
-    projection->SetEllipsoid(m_pEllipsoid->semiMajor, m_pEllipsoid->eccSquared);
-    projection->SetName(m_projectionMethod);
-    if (LoadProjection(*projection, file, section) != ProjectionLoad::loaded) {
+    std::shared_ptr<CProjection> projection = NewProjection();
+    if (!projection || LoadProjection(*projection, file, section) != ProjectionLoad::loaded) {
         return false;
     }
     m_pProjection = std::move(projection);
     return true;
+}
+
+// A projection of the system's type, on its ellipsoid, still to be loaded. Null without an
+// ellipsoid and for a type that has no class.
+std::shared_ptr<CProjection> ZORGeoCoordSys::NewProjection() const
+{
+    if (!m_pEllipsoid) {
+        return nullptr;
+    }
+    std::shared_ptr<CProjection> projection(
+        ProjectionFactory::CreateProjectionByType(static_cast<std::uint32_t>(m_projectionType)));
+    if (projection) {
+        projection->SetEllipsoid(m_pEllipsoid->semiMajor, m_pEllipsoid->eccSquared);
+        projection->SetName(m_projectionMethod);
+    }
+    return projection;
 }
 
 bool ZORGeoCoordSys::CreateTransformation(FileObject& file)
@@ -259,8 +280,8 @@ bool ZORGeoCoordSys::CreateObjects()
     return true;
 }
 
-// Kept: IsInit, the models and the name of the extra transformation outlive the parts. Hosts ask
-// IsInit once after start-up, and CloseCorrectionModels is theirs to call.
+// Kept: IsInit, the models and the name of the extra transformation outlive the parts, so that IsInit
+// tells nothing of a later Init, and the models go with CloseCorrectionModels.
 void ZORGeoCoordSys::DeleteObjects()
 {
     m_pEllipsoid.reset();

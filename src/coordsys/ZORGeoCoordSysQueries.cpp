@@ -22,7 +22,7 @@ bool ZORGeoCoordSys::GetDatumFilePath(CString&)
     return true;
 }
 
-// Kept: false is the answer, also with the name filled in; hosts have always looked at the name.
+// Kept: false is the answer, also with the name filled in: the name tells, not the answer.
 bool ZORGeoCoordSys::GetGroupName(CString& name)
 {
     name = m_groupName;
@@ -174,14 +174,6 @@ bool ZORGeoCoordSys::GetProjectionConstants(CArray<double, double>& values, CStr
     return m_pProjection && m_pProjection->GetProjectionConstants(values, names, texts, kinds);
 }
 
-void ZORGeoCoordSys::GetGeoKeys(std::list<std::pair<int, short>>& shortKeys,
-                                std::list<std::pair<int, double>>& doubleKeys)
-{
-    if (m_pProjection) {
-        m_pProjection->GetGeoKeys(shortKeys, doubleKeys);
-    }
-}
-
 bool ZORGeoCoordSys::GetEllipsoid(double& a, double& eccentricity, double& inverseFlattening) const
 {
     if (!m_pEllipsoid) {
@@ -205,9 +197,10 @@ bool ZORGeoCoordSys::GetEllipsoidAllParameters(double& a, double& b, double& ecc
     return true;
 }
 
-// Ellipsoids, datum and models hold metres and stay; the projection's constants are in the unit.
-// Kept: the unit and the projection come from the main file first, the reverse of Init. A change
-// of unit is asked by the names that a delivered database lists.
+// The axes of ellipsoids and the shifts of the datum are metres and stay, the correction models are
+// told the unit, and the projection's constants come in it, so that it is made again.
+// Kept: the projection comes from the main file first, the reverse of Init. Where both files have
+// it, a change of unit brings the delivered one.
 bool ZORGeoCoordSys::SetCoordSysUnit(CString unit)
 {
     if (!ReadUnit(unit)) {
@@ -215,26 +208,6 @@ bool ZORGeoCoordSys::SetCoordSysUnit(CString unit)
     }
     Ellipsoid::SetUnitFactor(m_unit.factor);
     CDatumTransform::SetUnitCnv(m_unit.factor);
+    m_corrections.TakeUnitOf(this);
     return CreateProjection(m_database.GetMainFile()) || CreateProjection(m_database.GetUserFile());
-}
-
-void ZORGeoCoordSys::DumpProjectionXml(std::wostream& stream, const std::wstring indent, int) const
-{
-    if (m_pProjection) {
-        m_pProjection->DumpXml(stream, indent);
-    }
-}
-
-void ZORGeoCoordSys::DumpDatumXml(std::wostream& stream, const std::wstring indent)
-{
-    if (m_pDatum) {
-        m_pDatum->DumpXml(stream, indent.c_str());
-    }
-}
-
-void ZORGeoCoordSys::DumpEllipsoidXml(std::wostream& stream, const std::wstring indent)
-{
-    if (m_pEllipsoid) {
-        m_pEllipsoid->DumpXml(stream, indent);
-    }
 }

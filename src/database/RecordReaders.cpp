@@ -1,10 +1,12 @@
 #include "database/RecordReaders.h"
 
+#include <memory>
 #include <stdexcept>
 
 #include "database/SectionWalks.h"
 #include "frame/RecordNames.h"
 #include "projections/CProjection.h"
+#include "projections/ProjectionFactory.h"
 
 namespace {
 
@@ -134,4 +136,19 @@ ProjectionLoad LoadProjection(CProjection& projection, const FileObject& file, c
     } catch (const std::invalid_argument&) {
         return ProjectionLoad::unlistable;
     }
+}
+
+bool ReadProjectionConstants(const FileObject& file, const CString& section, CArray<double, double>& values,
+                             CStringArray& names, CStringArray& texts, CArray<UINT, UINT>& kinds)
+{
+    int type = 0;
+    ReadItem(file, section, projectionParamKeys[ProjectionKey::type], type);
+    const std::unique_ptr<CProjection> projection(
+        ProjectionFactory::CreateProjectionByType(static_cast<std::uint32_t>(type)));
+    // Without an ellipsoid the load is refused at its end, with the constants complete.
+    if (!projection || LoadProjection(*projection, file, section) == ProjectionLoad::unlistable) {
+        return false;
+    }
+    projection->GetProjectionConstants(values, names, texts, kinds);
+    return true;
 }

@@ -81,3 +81,8 @@ CString ShortenedDatumSection(CString section);
 bool FindDtfByName(const FileObject& file, const CString& name, const DatumRecordView& out);
 /// Lets `projection`, new, load itself from its record.
 ProjectionLoad LoadProjection(CProjection& projection, const FileObject& file, const CString& section);
+/// The constants of a projection record, as CProjection::GetProjectionConstants gives them without
+/// an ellipsoid. False, outputs untouched, when there is no class for its type, 0 when it tells
+/// none, or no place in the catalogue for one of the constants.
+bool ReadProjectionConstants(const FileObject& file, const CString& section, CArray<double, double>& values,
+                             CStringArray& names, CStringArray& texts, CArray<UINT, UINT>& kinds);

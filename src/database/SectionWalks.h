@@ -1,26 +1,9 @@
 #pragma once
 
-#include "frame/BaseContract.h"
+#include "frame/FindEntry.h"
 
 // Walks over one section of a database file, in the order of the file. A section that is missing
 // has no entries.
-
-/// Calls `visit(key, value)` for every entry until it answers true. False when none did. The visit
-/// may move the texts away.
-template <typename Visit>
-bool FindEntry(const FileObject& file, const CString& section, Visit visit)
-{
-    FobjSection cursor;
-    CString key;
-    CString value;
-    for (bool more = file.GetFirstMapEntry(cursor, section, key, value); more;
-         more = file.GetNextMapEntry(cursor, key, value)) {
-        if (visit(key, value)) {
-            return true;
-        }
-    }
-    return false;
-}
 
 /// Whether a key of a group is no serial number: "System count" and "Supported geoid model
 /// methods", in any case of letters.

@@ -112,7 +112,15 @@ public:
     /// "WGS84".
     CString GetDefaultSrcElpName() override;
 
+    /// Whether a project does not name its group and system yet. One that cannot be read is not
+    /// old: false.
     bool IsOldZorProject(const CString& path) override;
+    /// Adds the system of a project of the older generation to the user file, in the group "User
+    /// Defined Coordinate Systems", under the name of the project's directory; a system that has
+    /// that name already is taken for it. The project is not changed. Then starts anew with Init,
+    /// whose result it gives.
+    /// False, outputs and user file untouched, when a section of the project is missing or a
+    /// record is found neither in the older definition files nor in the project's backup.
     bool ConvertProj2Geobase(FileObject& project, CString& group, CString& system) override;
 
     /// Whether the record stands in the user file (1), the main file (2) or either (3).
@@ -124,14 +132,31 @@ public:
     /// In any case of letters.
     bool HasUint(CString name, unsigned which) override;
     bool HasProjection(CString name, unsigned which) override;
+    /// Whether at least two projects use the record, the current one being counted as one, or at least two systems of
+    /// the user file's groups whose records stand in the file that `which` names. Reads every
+    /// project file anew, and leaves out those that cannot be read.
     bool HasDtfUsedInMoreSystem(CString name, unsigned which) override;
     bool HasProjectionUsedInMoreSystem(CString name, unsigned which) override;
 
+    /// Descriptions as text, for people to read: lines that end with CR LF, tabs before them,
+    /// labels from the module's string table (a label that cannot be loaded is empty), numbers with
+    /// up to 14 digits in any locale. A value that a record lacks is shown as 0 or not at all, and
+    /// for a name without a record all are; empty only where that is said.
+    /// Empty when neither file gives the target ellipsoid. The parameters come from the main file,
+    /// where it has the record. Rotations go through the process's unit converter, which keeps what
+    /// the method set there: the sign turned for Helmert methods.
     CString DumpDatumfText(CString name, bool title) override;
+    /// The inverse flattening of an ellipsoid that GetElpParamByElpName refuses is 0.
     CString DumpElpText(CString name) override;
+    /// A system with all its parts; empty when neither file's group lists it. What is given stands
+    /// in the place of the system's own: method or model, and their files; an empty text leaves those.
+    /// The chart datum is shown as given. There is no file without a method or model. Between the
+    /// blocks stands a CR alone.
     CString DumpSystemText(CString group, CString system, CString geoidMethod, CString geoidGrid, CString chartDatum,
                            CString correctionModel, CString correctionFile) override;
+    /// The method comes from the user file, the parameters from the main file, where that has it.
     CString DumpPrjText(CString name) override;
+    /// The projection of a system; empty when neither file's group lists it.
     CString DumpPrjText(CString group, CString system, bool title) override;
     CString DumpUnitText(CString name) override;
 
@@ -164,16 +189,24 @@ public:
     bool SetpostCorrections(CString group, CString system, double x, double y, double z, CString model, CString file,
                             bool use) override;
 
+    /// Takes a system out of a group of the user file, with its record, and with its projection
+    /// when no other system uses that; an empty `system` takes the group out and leaves the
+    /// records of its systems. Saves the user file and starts anew with Init, whose result it
+    /// gives; what a save could not write is back then.
+    /// Projects are not asked: HasProjectionUsedInMoreSystem is for callers who want to know.
+    /// False, nothing changed, for a group or system that is not in the user file.
     bool RemoveSystem(CString group, CString system) override;
     /// "Netherlands" and "ETRS 89 - RD (2008)", whether or not the database has them.
     void GetDefaultGroupAndSystem(CString& group, CString& system) override;
     /// Puts a unit of `factor` metres into the user file in memory, six decimals; `digits` has no
     /// effect. It is neither saved nor counted: a later Init before a save loses it.
     bool CreateNewUnit(CString name, double factor, CString suffix, short digits) override;
+    /// The same as DumpSystemText without the names of system, datum transformation and projection.
     CString DumpSystemIDText(CString group, CString system, CString geoidMethod, CString geoidGrid, CString chartDatum,
                              CString correctionModel, CString correctionFile) override;
     /// The same as GetUnitNameByGroupAndSysNames.
     CString GetSystemUnit(CString group, CString system) override;
+    /// Whether the user file's group lists the system, in any case of letters.
     bool IsSystemCustom(CString group, CString system) override;
     /// Does nothing. True.
     bool GetAllDatumKeys(CStringArray& out) override;
@@ -192,12 +225,22 @@ private:
     const FileObject* FileNamed(unsigned which) const;
     void FindAllElpNamesInDtf(const FileObject& file);
     void FindAllPrjNamesAndMethods(const FileObject& file);
+    /// Makes the lists of projections as the files stood at Init, unless it has been done.
+    void ListProjections();
 
     bool AllValues(const CString& section, CStringArray& out) const;
 
     /// Asks the file that `which` names, or both, the user file first.
+    /// Kept: a `which` that names no file is answered with true, so that a caller who does not say
+    /// which file takes no name for free.
     template <typename Test>
-    bool Ask(unsigned which, Test test) const;
+    bool Ask(unsigned which, Test test) const
+    {
+        if (const FileObject* file = FileNamed(which)) {
+            return test(*file);
+        }
+        return which != GeoDbBoth || test(m_userFile) || test(m_mainFile);
+    }
     bool HasRecord(const CString& section, unsigned which) const;
     /// The main file, else the user file, whose group lists the system; null when neither does.
     const FileObject* FileOfSystem(const CString& group, const CString& system) const;
@@ -215,10 +258,29 @@ private:
     bool ChangeSystem(const CString& group, const CString& system, std::initializer_list<Setting> settings);
     bool SaveAndInit();
 
+    /// Whether the record of `system` in `file` names the datum transformation, or the projection,
+    /// in any case of letters.
+    static bool HasDtfInSystem(const FileObject& file, const CString& system, const CString& name);
+    static bool HasPrjInSystem(const FileObject& file, const CString& system, const CString& name);
+    /// Whether at least two systems that the user file's groups list do so. A system in two groups
+    /// counts twice.
+    bool IsDtfUsedInMoreSystems(const FileObject& file, const CString& name);
+    bool IsPrjUsedInMoreSystems(const FileObject& file, const CString& name);
+    /// Whether the system of at least two projects on the disk does so, as this database resolves
+    /// it. The current project counts as one whatever it uses.
+    bool HasOneMoreZorProjectUseTheDtf(const CString& name);
+    bool HasOneMoreZorProjectUseThePrj(const CString& name);
+
+    CString MethodAndParametersText(const CString& projection);
+    struct ShownCorrections;
+    static CString DumpGeoidModelText(const FileObject& file, const CString& system, const ShownCorrections& shown);
+    CString DescribeSystem(const CString& group, const CString& system, const ShownCorrections& shown, bool titles);
+
     CString m_mainPath;
     CString m_userPath;
     FileObject m_mainFile;
     FileObject m_userFile;
+    std::vector<FileObject> m_filesOfPrjNames; ///< still to be listed, main file first
     std::vector<CString> m_prjNames;
     std::vector<CString> m_prjMethods;
     std::vector<CString> m_spare; ///< holds a place in the order of the fields; always empty

@@ -49,11 +49,21 @@ bool ZorGeoDatabase::Init()
     for (std::vector<CString>* list : {&m_prjNames, &m_prjMethods, &m_spare, &m_dtfTargetElps, &m_dtfSourceElps}) {
         list->clear();
     }
+    m_filesOfPrjNames.clear();
     for (const FileObject* file : {&m_mainFile, &m_userFile}) {
         FindAllElpNamesInDtf(*file);
-        FindAllPrjNamesAndMethods(*file);
+        m_filesOfPrjNames.push_back(*file);
     }
     return true;
+}
+
+// Thousands of projections are named, and few who open a database ask for them: the files stay as
+// they are now, in copies that cost a pointer, until somebody does.
+void ZorGeoDatabase::ListProjections()
+{
+    for (const FileObject& file : std::exchange(m_filesOfPrjNames, {})) {
+        FindAllPrjNamesAndMethods(file);
+    }
 }
 
 bool ZorGeoDatabase::InternalInit()

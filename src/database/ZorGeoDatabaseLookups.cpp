@@ -2,15 +2,12 @@
 // existence, defaults.
 
 #include <cmath>
-#include <memory>
 
 #include "database/RecordReaders.h"
 #include "database/SectionWalks.h"
 #include "database/ZorGeoDatabase.h"
 #include "datum/Ellipsoid.h"
 #include "frame/RecordNames.h"
-#include "projections/CProjection.h"
-#include "projections/ProjectionFactory.h"
 
 namespace {
 
@@ -60,6 +57,11 @@ CString ZorGeoDatabase::GetSystemUnit(CString group, CString system)
 CString ZorGeoDatabase::GetPrjMdNameByGroupAndSysNames(CString group, CString system)
 {
     return GetPrjMdNameByPrjName(SystemText(group, system, kSystemProjection));
+}
+
+bool ZorGeoDatabase::IsSystemCustom(CString group, CString system)
+{
+    return FindSystem(m_userFile, group, system);
 }
 
 bool ZorGeoDatabase::FindGroupAndSysByPrjName(CString projection, CString& group, CString& system)
@@ -149,23 +151,7 @@ bool ZorGeoDatabase::GetPrjConstantsByName(CString projection, CArray<double, do
                                            CStringArray& texts, CArray<UINT, UINT>& kinds)
 {
     const FileObject* file = FileOfProjection(projection);
-    if (!file) {
-        return false;
-    }
-    const CString section = kProjectionPrefix + projection;
-    int type = 0;
-    ReadItem(*file, section, projectionParamKeys[ProjectionKey::type], type);
-    const std::unique_ptr<CProjection> made(
-        ProjectionFactory::CreateProjectionByType(static_cast<std::uint32_t>(type)));
-    if (!made) {
-        return false;
-    }
-    // Without an ellipsoid the load is refused at its end, with the constants complete.
-    if (LoadProjection(*made, *file, section) == ProjectionLoad::unlistable) {
-        return false;
-    }
-    made->GetProjectionConstants(values, names, texts, kinds);
-    return true;
+    return file && ReadProjectionConstants(*file, kProjectionPrefix + projection, values, names, texts, kinds);
 }
 
 // Datum transformations.
@@ -283,17 +269,6 @@ bool ZorGeoDatabase::CreateNewUnit(CString name, double factor, CString suffix, 
 }
 
 // Existence.
-
-// Kept: a `which` that names no file is answered with true, so that a caller who does not say
-// which file takes no name for free.
-template <typename Test>
-bool ZorGeoDatabase::Ask(unsigned which, Test test) const
-{
-    if (const FileObject* file = FileNamed(which)) {
-        return test(*file);
-    }
-    return which != GeoDbBoth || test(m_userFile) || test(m_mainFile);
-}
 
 bool ZorGeoDatabase::HasRecord(const CString& section, unsigned which) const
 {

@@ -99,6 +99,7 @@ bool ZorGeoDatabase::GetAllDatumKeys(CStringArray&)
 
 bool ZorGeoDatabase::GetAllPrjNamesByMdName(std::vector<CString>& out, CString method)
 {
+    ListProjections();
     for (std::size_t i = 0; i < m_prjMethods.size(); ++i) {
         if (m_prjMethods[i] == method) {
             out.push_back(m_prjNames[i]);

@@ -5,7 +5,9 @@
 #include <ostream>
 #include <string>
 
+#include "datum/DatumMethod.h"
 #include "frame/RecordNames.h"
+#include "frame/XmlLines.h"
 
 namespace {
 
@@ -33,11 +35,6 @@ void WriteVector(FileObject& file, const CString& section, std::size_t key, doub
     file.SetItem(section, transParamKeys[key + 2], z, true);
 }
 
-bool HasRates(const CString& method)
-{
-    return method == kMethodBursaWolfe14 || method == kMethodHelmert14;
-}
-
 // The ellipsoid of the database, or the one of the record's own two numbers, with which a datum
 // survives the loss of its ellipsoid record. False when the numbers are needed and missing.
 bool LoadEllipsoid(Ellipsoid& ellipsoid, const CString& ellipsoidName, ZorGeoDatabase& database, const FileObject& file,
@@ -55,23 +52,6 @@ bool LoadEllipsoid(Ellipsoid& ellipsoid, const CString& ellipsoidName, ZorGeoDat
     ellipsoid.Set(a, e2);
     return true;
 }
-
-// Writes lines of XML, each begun with the indent and ended with a newline that flushes.
-class XmlLines {
-public:
-    XmlLines(std::wostream& stream, const wchar_t* indent) : m_stream(stream), m_indent(indent) {}
-
-    void Tag(const wchar_t* tag) const { m_stream << m_indent << tag << std::endl; }
-    template <typename Value>
-    void Element(const wchar_t* name, const Value& value) const
-    {
-        m_stream << m_indent << L"  <" << name << L">" << value << L"</" << name << L">" << std::endl;
-    }
-
-private:
-    std::wostream& m_stream;
-    const wchar_t* m_indent;
-};
 
 } // namespace
 
@@ -215,9 +195,10 @@ bool CDatumTransform::Save(FileObject& file, CString section) const
 
 void CDatumTransform::DumpXml(std::wostream& stream, const wchar_t* indent) const
 {
-    const XmlLines xml(stream, indent);
+    const XmlLines outer(stream, indent);
+    const XmlLines xml = outer.Inner();
     const std::wstring ellipsoidIndent = std::wstring(indent) + L"    ";
-    xml.Tag(L"<datumtransform>");
+    outer.Tag(L"<datumtransform>");
     xml.Element(L"name", m_name);
     xml.Element(L"shiftx", m_shiftX);
     xml.Element(L"shifty", m_shiftY);
@@ -237,17 +218,17 @@ void CDatumTransform::DumpXml(std::wostream& stream, const wchar_t* indent) cons
         xml.Element(L"scale_dt", m_scaleRate);
         xml.Element(L"dtf_t0", m_t0);
     }
-    xml.Tag(L"  <source_ellipsoid>");
+    xml.Tag(L"<source_ellipsoid>");
     m_srcEllipsoid.DumpXml(stream, ellipsoidIndent);
-    xml.Tag(L"  </source_ellipsoid>");
-    xml.Tag(L"  <target_ellipsoid>");
+    xml.Tag(L"</source_ellipsoid>");
+    xml.Tag(L"<target_ellipsoid>");
     m_dstEllipsoid.DumpXml(stream, ellipsoidIndent);
-    xml.Tag(L"  </target_ellipsoid>");
+    xml.Tag(L"</target_ellipsoid>");
     if (m_fixedHeight) {
-        xml.Tag(L"  <fixedHeightTransformation>");
+        xml.Tag(L"<fixedHeightTransformation>");
         xml.Element(L"fixedHeightForward", m_fixedHeightForward);
         xml.Element(L"fixedHeightReverse", m_fixedHeightReverse);
-        xml.Tag(L"  </fixedHeightTransformation>");
+        xml.Tag(L"</fixedHeightTransformation>");
     }
-    xml.Tag(L"</datumtransform>");
+    outer.Tag(L"</datumtransform>");
 }

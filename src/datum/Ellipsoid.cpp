@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "frame/RecordNames.h"
+#include "frame/XmlLines.h"
 
 namespace {
 
@@ -62,15 +63,17 @@ void Ellipsoid::DumpXml(std::wostream& stream, const std::wstring& indent) const
     // Kept: the name is not escaped, and the axis has 3 significant digits unless the caller has
     // set the fixed notation; readers of these fragments know both.
     const std::streamsize precision = stream.precision();
-    stream << indent << L"<ellipsoid>" << std::endl;
-    stream << indent << L"  <name>" << name << L"</name>" << std::endl;
+    const XmlLines outer(stream, indent);
+    const XmlLines xml = outer.Inner();
+    outer.Tag(L"<ellipsoid>");
+    xml.Element(L"name", name);
     stream.precision(3);
-    stream << indent << L"  <semi_major_axis>" << semiMajor << L"</semi_major_axis>" << std::endl;
+    xml.Element(L"semi_major_axis", semiMajor);
     stream.precision(9);
-    stream << indent << L"  <squared_eccentricity>" << eccSquared << L"</squared_eccentricity>" << std::endl;
+    xml.Element(L"squared_eccentricity", eccSquared);
     stream.precision(4);
-    stream << indent << L"  <inverse_flattening>" << inverseFlattening << L"</inverse_flattening>" << std::endl;
-    stream << indent << L"</ellipsoid>" << std::endl;
+    xml.Element(L"inverse_flattening", inverseFlattening);
+    outer.Tag(L"</ellipsoid>");
     stream.precision(precision);
 }
 

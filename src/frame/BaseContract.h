@@ -16,6 +16,7 @@
 #include "base/geo/Point.h"
 #include "base/geoid/GeoidModel.h"
 #include "base/geoid/GeoidModelList.h"
+#include "base/geoid/GridModel.h"
 #include "base/keys/KeyTables.h"
 #include "base/registry/CreatorLists.h"
 #include "base/registry/Creators.h"

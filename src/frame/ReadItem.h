@@ -14,3 +14,11 @@ bool ReadItem(const FileObject& file, const CString& section, const CString& key
         return false;
     }
 }
+
+/// The item, or `missing` where ReadItem answers false.
+template <typename Value>
+Value ItemOr(const FileObject& file, const CString& section, const CString& key, Value missing)
+{
+    ReadItem(file, section, key, missing);
+    return missing;
+}

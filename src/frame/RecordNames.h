@@ -101,8 +101,21 @@ inline const CString kGeodesyVersionKey = L"GeodesyVersion";
 inline const CString kGeodesyVersion = L"1.0.1";
 inline const CString kBackupSystem = L"CoordSystem";
 inline const CString kBackupGroup = L"CoordSystem group";
+inline const CString kBackupProjectionType = L"Projection type";
+inline const CString kBackupProjectionMethod = L"Projection medthod";
 inline const CString kDatumBackup = L"GEODESY_DTF_BACKUP";
 inline const CString kProjectionBackup = L"GEODESY_PROJECTION_BACKUP";
+inline const CString kEllipsoidBackup = L"ELLIPSOID_BACKUP"; ///< of the older generation too
+/// Holds one key, whose value is no name: the unit's record as "Units section" has it.
+inline const CString kUnitBackup = L"UINT_BACKUP";
+inline const CString kUnitBackupRecord = L"Unit name";
+
+/// Backups in a project of the older generation, and the unit table of that generation.
+inline const CString kLegacyProjectionBackup = L"PROJECTION_BACKUP";
+inline const CString kLegacyDatumBackup = L"DTF_BACKUP";
+inline const CString kLegacyUnitsFile = L"Units.uni";
+inline const CString kLegacyDefaults = L"Default";
+inline const CString kLegacySystemUnits = L"System Units";
 
 /// Defaults and words with a meaning.
 inline const CString kUserGroup = L"User Defined Coordinate Systems";

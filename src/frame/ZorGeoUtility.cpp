@@ -21,18 +21,35 @@ constexpr DirectoryRow kDirectories[] = {{DataSearch::currentProject, &ZorGeoUti
                                          {DataSearch::userDatabase, &ZorGeoUtility::userDatabaseDir},
                                          {DataSearch::temporary, &ZorGeoUtility::path26Dir}};
 
-/// False when the file system refuses.
-bool SetAttribute(const ZorGeoUtility::SetStatus& setStatus, const CString& name, CFileStatus& status,
-                  unsigned attribute)
-{
-    status.attribute = attribute;
-    try {
-        setStatus(name, status);
-    } catch (const CFileException&) {
-        return false;
+/// The read-only attribute of a file: away for a save, and back. Both are false when the file
+/// system refuses; a file that is not read-only has nothing to do.
+class ReadOnlyAttribute {
+public:
+    ReadOnlyAttribute(const CString& name, const ZorGeoUtility::SetStatus& setStatus)
+        : m_name(name), m_setStatus(setStatus),
+          m_set(CFile::GetStatus(name, m_status) && (m_status.attribute & CFileStatus::readOnly) != 0)
+    {
     }
-    return true;
-}
+    bool Clear() { return !m_set || Set(m_status.attribute & ~CFileStatus::readOnly); }
+    bool PutBack() { return !m_set || Set(m_status.attribute | CFileStatus::readOnly); }
+
+private:
+    bool Set(unsigned attribute)
+    {
+        m_status.attribute = attribute;
+        try {
+            m_setStatus(m_name, m_status);
+        } catch (const CFileException&) {
+            return false;
+        }
+        return true;
+    }
+
+    const CString& m_name;
+    const ZorGeoUtility::SetStatus& m_setStatus;
+    CFileStatus m_status;
+    bool m_set;
+};
 
 } // namespace
 
@@ -80,15 +97,33 @@ bool ZorGeoUtility::GuardedSave(FileObject& file)
 bool ZorGeoUtility::GuardedSave(FileObject& file, const SetStatus& setStatus)
 {
     const CString name = file.GetFileName();
-    CFileStatus status;
-    const bool readOnly = CFile::GetStatus(name, status) && (status.attribute & CFileStatus::readOnly) != 0;
-    const unsigned attribute = status.attribute;
-    if (readOnly && !SetAttribute(setStatus, name, status, attribute & ~CFileStatus::readOnly)) {
+    ReadOnlyAttribute attribute(name, setStatus);
+    if (!attribute.Clear()) {
         AfxMessageBox(L"Database file open for writing failed");
         return false;
     }
     // Kept: a save that fails (disk full) is not reported here; the database that is read again
     // afterwards shows what stands on the disk.
     file.FileSave(name, FileMode::saveExclusive);
-    return !readOnly || SetAttribute(setStatus, name, status, attribute);
+    return attribute.PutBack();
+}
+
+void ZorGeoUtility::QuietSave(const FileObject& file)
+{
+    const CString name = file.GetFileName();
+    const SetStatus setStatus = &CFile::SetStatus;
+    ReadOnlyAttribute attribute(name, setStatus);
+    attribute.Clear();
+    file.FileSave(name, FileMode::saveExclusive);
+    attribute.PutBack();
+}
+
+std::vector<CString> ZorGeoUtility::ProjectDirectories() const
+{
+    std::vector<CString> names;
+    CString root;
+    if (initialised && DataSearch::GetDataSearch().GetDataPathInfo(DataSearch::projectsRoot, root)) {
+        CFile::ListDirectories(root.IsEmpty() ? CString(L".") : root, names);
+    }
+    return names;
 }

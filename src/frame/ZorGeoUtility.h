@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "frame/BaseContract.h"
 
@@ -36,6 +37,12 @@ public:
     using SetStatus = std::function<void(const CString& file, const CFileStatus& status)>;
     /// The same through an operation of CFile::SetStatus's contract.
     static bool GuardedSave(FileObject& file, const SetStatus& setStatus);
+    /// The same without a message box and without an answer.
+    static void QuietSave(const FileObject& file);
+
+    /// Names of the directories under which the suite keeps its projects, in the order of their
+    /// names. Empty when no fill succeeded, or when that directory is not available now.
+    std::vector<CString> ProjectDirectories() const;
 
     CString mainDatabaseDir;    ///< delivered database
     CString userDatabaseDir;    ///< user database

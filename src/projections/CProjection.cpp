@@ -2,9 +2,8 @@
 
 #include <cmath>
 #include <limits>
-#include <ostream>
 
-#include "projections/ParameterForm.h"
+#include "frame/XmlLines.h"
 #include "projections/ProjectionCatalogue.h"
 #include "projections/ProjectionType.h"
 
@@ -70,17 +69,18 @@ void CProjection::DumpParametersXml(std::wostream&, const std::wstring&) const {
 
 void CProjection::DumpTypeXml(std::wostream& stream, const std::wstring& indent) const
 {
-    WriteXmlElement(stream, indent, L"type", ProjectionType::Text(m_type));
+    XmlLines(stream, indent).Element(L"type", ProjectionType::Text(m_type));
 }
 
 void CProjection::DumpXml(std::wostream& stream, const std::wstring& indent) const
 {
+    const XmlLines lines(stream, indent);
     const std::wstring inner = indent + L"  ";
-    stream << indent << L"<projection>\n";
-    WriteXmlElement(stream, inner, L"name", m_name);
+    lines.Tag(L"<projection>");
+    lines.Inner().Element(L"name", m_name);
     DumpTypeXml(stream, inner);
     DumpParametersXml(stream, inner);
-    stream << indent << L"</projection>\n";
+    lines.Tag(L"</projection>");
 }
 
 void CProjection::GetEllipsoid(double& semiMajor, double& eccSquared) const

@@ -1,8 +1,6 @@
 #include "projections/ParameterForm.h"
 
-#include <locale>
-#include <sstream>
-
+#include "frame/XmlLines.h"
 #include "projections/ProjectionType.h"
 
 namespace {
@@ -38,16 +36,6 @@ CString RatioText(double value)
     return text;
 }
 
-/// As the stream would write it, its locale aside.
-CString StreamedText(const std::wostream& stream, double value)
-{
-    std::wostringstream text;
-    text.copyfmt(stream);
-    text.imbue(std::locale::classic());
-    text << value;
-    return text.str();
-}
-
 CString ShownText(const std::wostream& stream, Shown shown, double value)
 {
     switch (shown) {
@@ -65,7 +53,7 @@ CString ShownText(const std::wostream& stream, Shown shown, double value)
     case Shown::text:
         break;
     }
-    return StreamedText(stream, value);
+    return XmlNumber(stream, value);
 }
 
 } // namespace
@@ -77,12 +65,7 @@ bool WriteType(const CProjection& projection, FileObject& file, const CString& s
 
 void WriteXmlElement(std::wostream& stream, const std::wstring& indent, const wchar_t* name, Shown shown, double value)
 {
-    WriteXmlElement(stream, indent, name, ShownText(stream, shown, value));
-}
-
-void WriteXmlElement(std::wostream& stream, const std::wstring& indent, const wchar_t* name, const CString& text)
-{
-    stream << indent << L'<' << name << L'>' << text << L"</" << name << L">\n";
+    XmlLines(stream, indent).Element(name, ShownText(stream, shown, value));
 }
 
 void AppendGeoCodes(int type, std::list<std::pair<int, short>>& codes)

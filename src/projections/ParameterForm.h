@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "frame/XmlLines.h"
 #include "projections/CProjection.h"
 #include "projections/ProjectionCatalogue.h"
 
@@ -169,7 +170,6 @@ bool SaveByForm(const C& projection, const ParameterForm<C>& form, FileObject& f
 }
 
 void WriteXmlElement(std::wostream& stream, const std::wstring& indent, const wchar_t* name, Shown shown, double value);
-void WriteXmlElement(std::wostream& stream, const std::wstring& indent, const wchar_t* name, const CString& text);
 
 /// The XML rule: one line per element.
 template <class C>
@@ -179,7 +179,7 @@ void DumpXmlByForm(const C& projection, const ParameterForm<C>& form, std::wostr
         if (row.field.number) {
             WriteXmlElement(stream, indent, row.name, row.shown, projection.*row.field.number);
         } else {
-            WriteXmlElement(stream, indent, row.name, projection.*row.field.text);
+            XmlLines(stream, indent).Element(row.name, projection.*row.field.text);
         }
     }
 }

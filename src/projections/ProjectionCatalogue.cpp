@@ -3,31 +3,26 @@
 #include <algorithm>
 #include <vector>
 
+#include "frame/FindEntry.h"
 #include "frame/RecordNames.h"
 #include "frame/ZorGeoUtility.h"
 
 namespace {
 
-/// Calls `visit` with key and value of each entry of a section, in the file's order, until it
-/// answers false.
-template <class Visit>
+/// Calls `visit(key, value)` for every entry of a section, in the file's order.
+template <typename Visit>
 void ForEachEntry(const FileObject& file, const CString& section, Visit visit)
 {
-    FobjSection cursor;
-    CString key;
-    CString value;
-    for (bool more = file.GetFirstMapEntry(cursor, section, key, value); more && visit(key, value);
-         more = file.GetNextMapEntry(cursor, key, value)) {
-    }
+    FindEntry(file, section, [&](const CString& key, const CString& value) {
+        visit(key, value);
+        return false;
+    });
 }
 
 int CountEntries(const FileObject& file, const CString& section)
 {
     int count = 0;
-    ForEachEntry(file, section, [&](const CString&, const CString&) {
-        ++count;
-        return true;
-    });
+    ForEachEntry(file, section, [&](const CString&, const CString&) { ++count; });
     return count;
 }
 
@@ -41,10 +36,8 @@ CZorString SplitLabel(const CString& value)
 std::vector<CString> ListedKeys(const FileObject& file, const CString& method)
 {
     int count = 0;
-    ForEachEntry(file, method, [&](const CString& key, const CString&) {
-        count += key.CompareNoCase(kCatalogueUnitFlag) != 0;
-        return true;
-    });
+    ForEachEntry(file, method,
+                 [&](const CString& key, const CString&) { count += key.CompareNoCase(kCatalogueUnitFlag) != 0; });
     std::vector<CString> listed;
     CString read; // outside the loop: a number that is missing repeats the one before it
     for (int i = 0; i < count; ++i) {
@@ -73,19 +66,14 @@ bool ProjectionCatalogue::OpenPrjStaticFile()
 
 bool ProjectionCatalogue::FindMethod(int type, CString& method)
 {
-    if (!OpenPrjStaticFile()) {
-        return false;
-    }
-    bool found = false;
-    ForEachEntry(m_prjStaticFile, kCatalogueMethods, [&](const CString& key, const CString& value) {
-        if (numbers::LeadingInteger(key) != type) {
-            return true;
-        }
-        method = value;
-        found = true;
-        return false;
-    });
-    return found;
+    return OpenPrjStaticFile() &&
+           FindEntry(m_prjStaticFile, kCatalogueMethods, [&](const CString& key, const CString& value) {
+               if (numbers::LeadingInteger(key) != type) {
+                   return false;
+               }
+               method = value;
+               return true;
+           });
 }
 
 void ProjectionCatalogue::GetAllPrjMdNames(CStringArray& out)
@@ -95,16 +83,13 @@ void ProjectionCatalogue::GetAllPrjMdNames(CStringArray& out)
         return;
     }
     std::vector<CString> hidden;
-    ForEachEntry(m_prjStaticFile, kCatalogueHidden, [&](const CString&, const CString& value) {
-        hidden.push_back(value);
-        return true;
-    });
+    ForEachEntry(m_prjStaticFile, kCatalogueHidden,
+                 [&](const CString&, const CString& value) { hidden.push_back(value); });
     ForEachEntry(m_prjStaticFile, kCatalogueMethods, [&](const CString&, const CString& value) {
         if (std::none_of(hidden.begin(), hidden.end(),
                          [&](const CString& name) { return name.CompareNoCase(value) == 0; })) {
             out.Add(value);
         }
-        return true;
     });
 }
 
@@ -150,12 +135,12 @@ int ProjectionCatalogue::GetPrjType(const CString& method)
     if (!OpenPrjStaticFile()) {
         return type;
     }
-    ForEachEntry(m_prjStaticFile, kCatalogueMethods, [&](const CString& key, const CString& value) {
+    FindEntry(m_prjStaticFile, kCatalogueMethods, [&](const CString& key, const CString& value) {
         if (value.CompareNoCase(method) != 0) {
-            return true;
+            return false;
         }
         type = numbers::LeadingInteger(key);
-        return false;
+        return true;
     });
     return type;
 }
@@ -166,14 +151,14 @@ CString ProjectionCatalogue::FindParamKey(const CString& name)
     if (!OpenPrjStaticFile()) {
         return found;
     }
-    ForEachEntry(m_prjStaticFile, kCatalogueParameters, [&](const CString& key, const CString& value) {
+    FindEntry(m_prjStaticFile, kCatalogueParameters, [&](const CString& key, const CString& value) {
         CString label;
         SplitLabel(value).GetItem(0, label);
         if (label.CompareNoCase(name) != 0) {
-            return true;
+            return false;
         }
         found = key;
-        return false;
+        return true;
     });
     return found;
 }

@@ -8,37 +8,7 @@
 
 #include "tests/support/ModuleTexts.h"
 #include "tests/support/TestDatabase.h"
-
-/// The values of a record that no getter shows.
-struct ZorGeoStaticDataProbe {
-    static std::array<double, 15> Datum(const ZorGeoStaticData& r)
-    {
-        return {r.m_shiftX,   r.m_shiftY,   r.m_shiftZ,     r.m_rotX,       r.m_rotY,
-                r.m_rotZ,     r.m_scale,    r.m_rateShiftX, r.m_rateShiftY, r.m_rateShiftZ,
-                r.m_rateRotX, r.m_rateRotY, r.m_rateRotZ,   r.m_rateScale,  r.m_datumEpoch};
-    }
-    static std::array<double, 3> FixedHeight(const ZorGeoStaticData& r)
-    {
-        return {r.m_useFixedHeight ? 1.0 : 0.0, r.m_fixedHeightFwd, r.m_fixedHeightRev};
-    }
-    /// In the order of SetElpsoidParams.
-    static std::array<double, 6> Ellipsoid(const ZorGeoStaticData& r)
-    {
-        return {r.m_elpSemiMajor, r.m_elpSemiMinor, r.m_elpEcc, r.m_elpEccSqrd, r.m_elpFlat, r.m_elpInvFlat};
-    }
-    static std::array<double, 2> SourceEllipsoid(const ZorGeoStaticData& r)
-    {
-        return {r.m_srcElpSemiMajor, r.m_srcElpEcc};
-    }
-    static double GeoidManual(const ZorGeoStaticData& r) { return r.m_geoidManual; }
-    static int DatumType(const ZorGeoStaticData& r) { return r.m_dtMdType; }
-    static short UnitType(const ZorGeoStaticData& r) { return r.m_unitType; }
-    static const CStringArray& ParameterTexts(const ZorGeoStaticData& r) { return r.m_prjParaTexts; }
-    static std::array<CString, 5> Keys(const ZorGeoStaticData& r)
-    {
-        return {r.m_sysKey, r.m_groupKey, r.m_dtKey, r.m_elpKey, r.m_unitKey};
-    }
-};
+#include "tests/unit/authoring/StaticDataProbe.h"
 
 namespace {
 
@@ -208,6 +178,16 @@ TEST(ZorGeoStaticData, NewRecordIsEmptyButForTheSourceEllipsoidAndTheScale)
     EXPECT_EQ(PostOf(record), (std::array<double, 3>{}));
     EXPECT_EQ(HorOf(record), (std::array<double, 4>{0.0, 0.0, 0.0, 1.0}));
     EXPECT_EQ(VertOf(record), (std::array<double, 4>{}));
+    EXPECT_EQ(Probe::Datum(record), (std::array<double, 15>{}));
+    EXPECT_EQ(Probe::DatumType(record), 0);
+    EXPECT_EQ(Probe::FixedHeight(record), (std::array<double, 3>{}));
+    EXPECT_EQ(Probe::Ellipsoid(record), (std::array<double, 6>{}));
+    EXPECT_EQ(Probe::SourceEllipsoid(record), (std::array<double, 2>{}));
+    EXPECT_EQ(Probe::GeoidManual(record), 0.0);
+    EXPECT_EQ(Probe::UnitType(record), 0);
+    for (const CString& key : Probe::Keys(record)) {
+        EXPECT_TRUE(key.IsEmpty());
+    }
 }
 
 TEST(ZorGeoStaticData, NewRecordFillsTheDirectories)
@@ -484,7 +464,7 @@ TEST(ZorGeoStaticData, CatalogueAnswersThroughTheRecord)
     EXPECT_EQ(record.GetPrjType(L"TRANSVERSE mercator"), 0);
     EXPECT_EQ(record.GetPrjType(L"Azimuthal"), 5) << "hidden in lists, known by name";
     EXPECT_EQ(record.GetPrjType(L"no such method"), -1);
-    EXPECT_EQ(record.FindStaticDataSize(0), 6);
+    EXPECT_EQ(Probe::FindStaticDataSize(record, 0), 6);
     EXPECT_TRUE(record.CanPrjUnitChange(0));
     EXPECT_FALSE(record.CanPrjUnitChange(1));
     CArray<UINT, UINT> kinds;
@@ -496,7 +476,7 @@ TEST(ZorGeoStaticData, CatalogueAnswersThroughTheRecord)
     ASSERT_EQ(keys.GetSize(), 7);
     EXPECT_EQ(keys[1], L"LonOrigin");
     UINT kind = 0;
-    EXPECT_EQ(record.FindStaticData(ProjectionKey::latOrigin, kind), L"Latitude of Origin");
+    EXPECT_EQ(Probe::FindStaticData(record, ProjectionKey::latOrigin, kind), L"Latitude of Origin");
     EXPECT_EQ(kind, 2u);
 }
 
@@ -509,10 +489,10 @@ TEST(ZorGeoStaticData, WithoutCatalogueTheAnswersAreNeutral)
     record.GetAllPrjMdNames(names);
     EXPECT_TRUE(names.IsEmpty());
     EXPECT_EQ(record.GetPrjType(L"Transverse Mercator"), -1);
-    EXPECT_EQ(record.FindStaticDataSize(0), 0);
+    EXPECT_EQ(Probe::FindStaticDataSize(record, 0), 0);
     EXPECT_FALSE(record.CanPrjUnitChange(0));
     UINT kind = 7;
-    EXPECT_TRUE(record.FindStaticData(3, kind).IsEmpty());
+    EXPECT_TRUE(Probe::FindStaticData(record, 3, kind).IsEmpty());
 }
 
 // Copy.
@@ -603,10 +583,13 @@ TEST(ZorGeoStaticData, CopyHasItsOwnMethodList)
 
 TEST(ZorGeoStaticData, CopyStandsAlone)
 {
+    const TestDatabase database;
     auto record = std::make_unique<Record>();
     record->SetSysNameAndKey(L"first", L"");
     const std::unique_ptr<ZorGeoStaticDataBase> copy(record->Copy());
     record->SetSysNameAndKey(L"second", L"");
+    EXPECT_EQ(record->GetPrjType(L"Transverse Mercator"), 0);
     record.reset();
     EXPECT_EQ(copy->GetSysName(), L"first");
+    EXPECT_EQ(copy->GetPrjType(L"Mercator"), 4) << "with a catalogue of its own";
 }

@@ -84,6 +84,7 @@ TEST(GeoCorrections, UnknownGeoidModelKeepsTheEarlierOne)
     CString message;
     EXPECT_TRUE(corrections.GeoidHeight(52.0, 5.0, 0.0, 0.0, height, message));
     EXPECT_EQ(settings.calls->destroyed, 0);
+    const ScopedNoGeoidModel<30> noReader;
     EXPECT_FALSE(corrections.CreateGeoidModel(GeoidmodelTypeKeys[30], nullptr)) << "a name without a model";
     EXPECT_EQ(corrections.pGeoidModel, nullptr);
 }

@@ -208,6 +208,7 @@ TEST(ZORGeoCoordSysCorrections, ModelThatCannotBeMadeIsToldUnlessSilent)
             TestGeoidSettings settings = ConstantGeoid(43.5);
             settings.acceptsInit = row.acceptsInit;
             const ScopedGeoidModel<7> egm96(settings);
+            const ScopedNoGeoidModel<30> noReader;
             ScriptedDesk desk;
             SurveyDatabase database;
             GiveGeoid(database, row.method, L"file.gtx");

@@ -67,12 +67,50 @@ TEST(ZORGeoCoordSysQueries, NewObjectAnswersEverything)
     EXPECT_FALSE(system.GetEllipsoid(a, e, invF));
     EXPECT_FALSE(system.GetEllipsoidAllParameters(a, b, e, reserved, f, invF));
     EXPECT_EQ(a + b + e + reserved + f + invF, 42.0);
-    EXPECT_FALSE(DatumOf(system).given);
-    CArray<double, double> values;
-    CStringArray names, constantTexts;
-    CArray<UINT, UINT> kinds;
-    EXPECT_FALSE(system.GetProjectionConstants(values, names, constantTexts, kinds));
+    CString text = L"unset";
+    short format = 7;
+    EXPECT_TRUE(system.GetLinearUnitName(text));
+    EXPECT_EQ(text, L"");
+    text = L"unset";
+    EXPECT_TRUE(system.GetLinearUnitMnem(text));
+    EXPECT_EQ(text, L"");
+    text = L"unset";
+    EXPECT_TRUE(system.GetLinearUnitParameters(factor, format, text));
+    EXPECT_EQ(factor, 1.0);
+    EXPECT_EQ(format, 0);
+    EXPECT_EQ(text, L"");
+    text = L"unset";
+    EXPECT_FALSE(system.GetGroupName(text));
+    EXPECT_EQ(text, L"");
+    double x = 7.0, y = 7.0, z = 7.0;
+    system.GetGridCorrectionPara(x, y, z);
+    EXPECT_TRUE(x == 0.0 && y == 0.0 && z == 0.0);
     EXPECT_FALSE(system.SetCoordSysUnit(L"Meters")) << "there is no project";
+}
+
+TEST(ZORGeoCoordSysQueries, MissingDatumAndProjectionLeaveTheOutputs)
+{
+    ZORGeoCoordSys system;
+    const DatumParameters d = DatumOf(system);
+    EXPECT_FALSE(d.given);
+    for (const double p : d.p) {
+        EXPECT_EQ(p, 0.0) << "as it was";
+    }
+    EXPECT_TRUE(d.fixed);
+    EXPECT_EQ(d.forward, -1.0);
+    EXPECT_EQ(d.reverse, -1.0);
+    CArray<double, double> values;
+    CStringArray names, texts;
+    CArray<UINT, UINT> kinds;
+    values.Add(3.5);
+    names.Add(L"kept");
+    texts.Add(L"kept");
+    kinds.Add(3u);
+    EXPECT_FALSE(system.GetProjectionConstants(values, names, texts, kinds));
+    EXPECT_EQ(values[0], 3.5);
+    EXPECT_EQ(names[0], L"kept");
+    EXPECT_EQ(texts[0], L"kept");
+    EXPECT_EQ(kinds[0], 3u);
 }
 
 TEST(ZORGeoCoordSysQueries, NamesOfAReadySystem)
@@ -247,6 +285,36 @@ TEST(ZORGeoCoordSysQueries, NewUnitChangesTheGridAndNotTheName)
     EXPECT_EQ(NorthingAt52(system), metres);
 }
 
+// Beside it the axes stay metres: the ellipsoid and the datum are those of before.
+TEST(ZORGeoCoordSysQueries, NewUnitLeavesEllipsoidAndDatum)
+{
+    SurveyDatabase database;
+    ZORGeoCoordSys system;
+    MakeReady(system, database, kSevenSystem);
+    EXPECT_TRUE(system.SetCoordSysUnit(L"Feet"));
+    double a = 0.0, e = 0.0, invF = 0.0;
+    EXPECT_TRUE(system.GetEllipsoid(a, e, invF));
+    EXPECT_EQ(a, 6377397.155);
+    EXPECT_EQ(DatumOf(system).p[0], -565.7346);
+    double x = 0.0, y = 0.0, z = 0.0;
+    EXPECT_TRUE(system.GeogsToCartesian(0.0, 0.0, 1000.0, x, y, z, false));
+    EXPECT_NEAR(x, 6377397.155 + 304.8, 1e-6) << "heights are in the new unit";
+}
+
+TEST(ZORGeoCoordSysQueries, UnitOfFactorZeroCountsAsTheMetre)
+{
+    SurveyDatabase database;
+    AddUnit(database.main, L"Nothing", L"0,no");
+    ZORGeoCoordSys system;
+    MakeReady(system, database, kPlainSystem, {.unit = L"Feet"});
+    EXPECT_TRUE(system.SetCoordSysUnit(L"Nothing"));
+    double factor = 7.0;
+    system.GetLinearUnitCnv(factor);
+    EXPECT_EQ(factor, 0.0) << "as the record has it";
+    EXPECT_EQ(Ellipsoid::UnitFactor(), 1.0);
+    EXPECT_EQ(CDatumTransform::m_unitCnv, 1.0);
+}
+
 TEST(ZORGeoCoordSysQueries, UnitOfTheRecordIsNamedAfterInitWithAnother)
 {
     SurveyDatabase database;
@@ -266,15 +334,22 @@ TEST(ZORGeoCoordSysQueries, UnknownUnitChangesNothing)
     ZORGeoCoordSys system;
     MakeReady(system, database, kPlainSystem, {.unit = L"Feet"});
     const double feet = NorthingAt52(system);
+    database.project.SetItem(FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], 5.0, true);
     EXPECT_FALSE(system.SetCoordSysUnit(L"Cubits"));
     EXPECT_FALSE(system.SetCoordSysUnit(L"meters")) << "the name counts in exact case";
+    EXPECT_FALSE(system.SetCoordSysUnit(L"Meter")) << "the old spelling is mended in records alone";
     double factor = 0.0;
     short format = 0;
     CString mnemonic;
     system.GetLinearUnitParameters(factor, format, mnemonic);
     EXPECT_EQ(factor, 0.3048);
+    EXPECT_EQ(format, 3) << "the project's of Init";
     EXPECT_EQ(mnemonic, L"ft");
+    CString name;
+    system.GetLinearUnitName(name);
+    EXPECT_EQ(name, L"Meters");
     EXPECT_EQ(Ellipsoid::UnitFactor(), 0.3048);
+    EXPECT_EQ(CDatumTransform::m_unitCnv, 0.3048);
     EXPECT_EQ(NorthingAt52(system), feet);
 }
 
@@ -399,4 +474,32 @@ TEST(ZORGeoCoordSysQueries, UnitChangeReadsTheProjectsFormatAgain)
     CString mnemonic;
     system.GetLinearUnitParameters(factor, format, mnemonic);
     EXPECT_EQ(format, 5);
+}
+
+TEST(ZORGeoCoordSysQueries, UnitOfAProjectWithoutAFormatHasFormatZero)
+{
+    SurveyDatabase database;
+    ZORGeoCoordSys system;
+    MakeReady(system, database, kPlainSystem);
+    database.project.DeleteItem(FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], false);
+    database.project.CreateSection(FORMATS_SECTION, true);
+    EXPECT_TRUE(system.SetCoordSysUnit(L"Feet"));
+    double factor = 0.0;
+    short format = 7;
+    CString mnemonic;
+    system.GetLinearUnitParameters(factor, format, mnemonic);
+    EXPECT_EQ(format, 0);
+}
+
+TEST(ZORGeoCoordSysQueries, UnitRecordThatCannotBeReadKeepsTheEarlierFactor)
+{
+    SurveyDatabase database;
+    AddUnit(database.main, L"Broken", L"one third");
+    ZORGeoCoordSys system;
+    MakeReady(system, database, kPlainSystem, {.unit = L"Feet"});
+    EXPECT_TRUE(system.SetCoordSysUnit(L"Broken"));
+    double factor = 0.0;
+    system.GetLinearUnitCnv(factor);
+    EXPECT_EQ(factor, 0.3048);
+    EXPECT_EQ(Ellipsoid::UnitFactor(), 0.3048);
 }

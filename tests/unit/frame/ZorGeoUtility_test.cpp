@@ -229,6 +229,39 @@ TEST_F(ZorGeoUtilityTest, GuardedSaveDoesNotTellOfASaveThatFails)
     EXPECT_TRUE(desk.messages.empty());
 }
 
+TEST_F(ZorGeoUtilityTest, QuietSaveWritesAReadOnlyFileAndLeavesItReadOnly)
+{
+    ScriptedDesk desk;
+    const CString name = directory.Write("user.geo", "[A]\nk=1\n");
+    MakeReadOnly(directory.Path() / "user.geo");
+    FileObject file;
+    ASSERT_TRUE(file.FileOpen(name, FileMode::openForReading));
+    file.SetItem(L"A", L"k", 2, true);
+    ZorGeoUtility::QuietSave(file);
+    EXPECT_EQ(directory.Read("user.geo"), "[A]\nk=2\n");
+    EXPECT_TRUE(IsReadOnly(name));
+    std::filesystem::remove(directory.Path() / "user.geo");
+    ZorGeoUtility::QuietSave(file);
+    EXPECT_FALSE(IsReadOnly(name)) << "a file that is missing had no attribute";
+    EXPECT_TRUE(desk.messages.empty());
+}
+
+TEST_F(ZorGeoUtilityTest, ProjectDirectoriesAreThoseOfTheRootInOrder)
+{
+    directory.Write("Wreck/project.prj", "");
+    directory.Write("Dredge/deeper/project.prj", "");
+    directory.Write("a file", "");
+    DataSearch::GetDataSearch().SetDataPath(DataSearch::projectsRoot, directory.Directory());
+    ZorGeoUtility utility;
+    EXPECT_TRUE(utility.ProjectDirectories().empty()) << "not filled yet";
+    ASSERT_NE(utility.Fill(), 0);
+    EXPECT_EQ(utility.ProjectDirectories(), (std::vector<CString>{L"Dredge", L"Wreck"}));
+    DataSearch::GetDataSearch().SetUnavailable(DataSearch::projectsRoot);
+    EXPECT_TRUE(utility.ProjectDirectories().empty());
+    DataSearch::GetDataSearch().SetDataPath(DataSearch::projectsRoot, directory.File("missing"));
+    EXPECT_TRUE(utility.ProjectDirectories().empty());
+}
+
 /// A read-only file that is open and changed in memory, and what was asked of its attribute.
 class ReadOnlySave : public ZorGeoUtilityTest {
 protected:
