@@ -42,7 +42,7 @@ double OneInit()
     project.SetItem(FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], 0.0, true);
     const auto start = Clock::now();
     ZORGeoCoordSys system;
-    const bool ok = system.Init(L"North Sea", L"ED50 - UTM zone 31N", L"", L"", L"", L"", L"", project, L"none", true);
+    const bool ok = system.Init(L"North Sea", L"ED50 - UTM zone 31N (North Sea)", L"", L"", L"", L"", L"", project, L"none", true);
     const double time = Milliseconds(Clock::now() - start);
     if (!ok) {
         std::fprintf(stderr, "bench_init: the system cannot be initialised from %s\n", ZORGEO_DATA_DIR);

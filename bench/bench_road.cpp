@@ -50,7 +50,7 @@ const ZORGeoCoordSys& System()
         FileObject project;
         project.SetItem(FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], 0.0, true);
         auto made = std::make_unique<ZORGeoCoordSys>();
-        if (!made->Init(L"North Sea", L"ED50 - UTM zone 31N", L"", L"", L"", L"", L"", project, L"none", true)) {
+        if (!made->Init(L"North Sea", L"ED50 - UTM zone 31N (North Sea)", L"", L"", L"", L"", L"", project, L"none", true)) {
             std::abort();
         }
         return made;

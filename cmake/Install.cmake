@@ -15,8 +15,8 @@ set_target_properties(zorcoordsys PROPERTIES INSTALL_RPATH "$ORIGIN")
 install(DIRECTORY base/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zorgeo/base FILES_MATCHING PATTERN "*.h"
         PATTERN "platform" EXCLUDE)
 install(DIRECTORY src/frame src/datum src/projections src/database src/authoring src/coordsys
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zorgeo FILES_MATCHING PATTERN "*.h" PATTERN "NotBuilt.h" EXCLUDE)
-install(FILES data/zorgeodatabase.geo data/ZorProjectionStatic.dat NOTICE DESTINATION ${ZORGEO_DATADIR})
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zorgeo FILES_MATCHING PATTERN "*.h")
+install(FILES data/zorgeodatabase.geo data/zorgeosystems.tsv data/zorgeotransformations.tsv data/left-out.tsv data/NOTICE-EPSG data/ZorProjectionStatic.dat NOTICE DESTINATION ${ZORGEO_DATADIR})
 
 install(EXPORT zorgeo-targets NAMESPACE zorgeo:: DESTINATION ${package_dir})
 configure_package_config_file(cmake/zorgeo-config.cmake.in ${PROJECT_BINARY_DIR}/zorgeo-config.cmake

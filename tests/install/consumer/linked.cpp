@@ -15,7 +15,7 @@ int main()
     FileObject project;
     project.SetItem(FORMATS_SECTION, formatParamKeys[FormatKey::unitFormat], 0.0, true);
     ZORGeoCoordSys system;
-    if (!system.Init(L"North Sea", L"ED50 - UTM zone 31N", L"", L"", L"", L"", L"", project, L"none", true)) {
+    if (!system.Init(L"North Sea", L"ED50 - UTM zone 31N (North Sea)", L"", L"", L"", L"", L"", project, L"none", true)) {
         std::fprintf(stderr, "the installed database does not give the system\n");
         return 1;
     }
