@@ -192,13 +192,14 @@ TEST_F(ConvertSystems, ADatumMayKeepTheNumbersOfALostEllipsoid)
 
 TEST_F(ConvertSystems, AGeoidThatCannotBeUsedIsRefusedOrLeftOutAloud)
 {
-    ExpectUnusable(kLost, {"geoid: ", "EGM2008", "--geoid-file", "--allow-missing"});
+    ExpectUnusable(kLost, {"geoid: ", "EGM2008", "lost-geoid.gtx", "no such file", "--geoid-file", "--allow-missing"});
     const ToolRun run = Convert(kLost, "0 3 7\n", {"--allow-missing"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.out, "500000.000 0.000 7.000\n");
     EXPECT_THAT(run.err, AllOf(HasSubstr("geoid: "), HasSubstr("going on without it")));
     ExpectUnusable(kPlain, {"there is no model \"Moon\""}, {"--geoid-model", "Moon"});
-    ExpectUnusable(kPlain, {"post correction: "}, {"--post-model", "NTv2", "--post-file", Path("none.gsb")});
+    ExpectUnusable(kPlain, {"post correction: ", Path("none.gsb"), "no such file"},
+                   {"--post-model", "NTv2", "--post-file", Path("none.gsb")});
 }
 
 TEST_F(ConvertSystems, AFileWithoutItsModelIsAUsageError)

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <pty.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -58,6 +59,20 @@ void WriteAll(int file, const std::string& text)
     }
 }
 
+[[noreturn]] void Become(const std::vector<std::string>& arguments)
+{
+    std::vector<char*> argv;
+    std::string program = ZORGEO_TOOL;
+    argv.push_back(program.data());
+    std::vector<std::string> copies = arguments;
+    for (std::string& argument : copies) {
+        argv.push_back(argument.data());
+    }
+    argv.push_back(nullptr);
+    ::execv(argv[0], argv.data());
+    ::_exit(127);
+}
+
 [[noreturn]] void BecomeTool(const std::vector<std::string>& arguments, const ToolStreams& streams, Pipe& in, Pipe& out,
                              Pipe& err)
 {
@@ -72,16 +87,37 @@ void WriteAll(int file, const std::string& text)
         ::dup2(out.ends[1], 1);
     }
     ::dup2(err.ends[1], 2);
-    std::vector<char*> argv;
-    std::string program = ZORGEO_TOOL;
-    argv.push_back(program.data());
-    std::vector<std::string> copies = arguments;
-    for (std::string& argument : copies) {
-        argv.push_back(argument.data());
+    Become(arguments);
+}
+
+ToolRun Finish(pid_t child)
+{
+    ToolRun run;
+    int status = 0;
+    rusage usage = {};
+    ::wait4(child, &status, 0, &usage);
+    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    run.residentKiB = usage.ru_maxrss;
+    return run;
+}
+
+/// On a pseudo terminal, which gives the input back as a terminal does.
+ToolRun RunOnTerminal(const std::vector<std::string>& arguments, const std::string& input)
+{
+    int screen = -1;
+    const pid_t child = ::forkpty(&screen, nullptr, nullptr, nullptr);
+    if (child == 0) {
+        Become(arguments);
     }
-    argv.push_back(nullptr);
-    ::execv(argv[0], argv.data());
-    ::_exit(127);
+    if (child < 0) {
+        throw std::runtime_error("no terminal");
+    }
+    WriteAll(screen, input);
+    const std::string shown = ReadAll(screen); // ends when the program closes its side
+    ::close(screen);
+    ToolRun run = Finish(child);
+    run.out = shown;
+    return run;
 }
 
 } // namespace
@@ -89,6 +125,9 @@ void WriteAll(int file, const std::string& text)
 ToolRun RunTool(const std::vector<std::string>& arguments, const ToolStreams& streams)
 {
     std::signal(SIGPIPE, SIG_IGN);
+    if (streams.terminal) {
+        return RunOnTerminal(arguments, streams.input);
+    }
     Pipe in;
     Pipe out;
     Pipe err;
@@ -111,10 +150,8 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const ToolStreams& st
         const std::jthread errReader([&] { run.err = ReadAll(err.ends[0]); });
         run.out = out.ends[0] >= 0 ? ReadAll(out.ends[0]) : std::string();
     }
-    int status = 0;
-    rusage usage = {};
-    ::wait4(child, &status, 0, &usage);
-    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    run.residentKiB = usage.ru_maxrss;
+    const ToolRun ended = Finish(child);
+    run.status = ended.status;
+    run.residentKiB = ended.residentKiB;
     return run;
 }

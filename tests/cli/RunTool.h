@@ -17,6 +17,8 @@ struct ToolStreams {
     std::string inputFile; ///< standard input comes from this file instead
     enum class Out { captured, closed, brokenPipe, file } out = Out::captured;
     std::string outFile; ///< for Out::file
+    /// The program runs on a terminal, where `input` is typed; `out` is then all that it shows.
+    bool terminal = false;
 };
 
 /// Runs the built program and waits for it.

@@ -10,8 +10,20 @@ TEST_F(Usage, VersionAndHelpGoToStandardOutput)
     const ToolRun version = RunTool({"--version"});
     EXPECT_EQ(version.status, 0);
     EXPECT_THAT(version.out, testing::MatchesRegex("zorgeo [0-9]+\\.[0-9]+\\.[0-9]+\n"));
-    for (const auto& arguments : std::vector<std::vector<std::string>>{
-             {"--help"}, {"list", "--help"}, {"convert", "--help"}, {"convert", "-h"}, {"factors", "--help"}}) {
+    for (const auto& arguments : std::vector<std::vector<std::string>>{{"--help"},
+                                                                       {"list", "--help"},
+                                                                       {"find", "--help"},
+                                                                       {"convert", "--help"},
+                                                                       {"convert", "-h"},
+                                                                       {"factors", "--help"},
+                                                                       {"geoid", "--help"},
+                                                                       {"project", "--help"},
+                                                                       {"datum", "--help"},
+                                                                       {"datum", "apply", "--help"},
+                                                                       {"datum", "export", "--help"},
+                                                                       {"datum", "import", "--help"},
+                                                                       {"db", "--help"},
+                                                                       {"db", "check", "--help"}}) {
         const ToolRun help = RunTool(arguments);
         EXPECT_EQ(help.status, 0);
         EXPECT_EQ(help.err, "");
@@ -48,6 +60,12 @@ TEST_F(Usage, MistakesTellWhatWouldBeRight)
          "give a decimal year or an ISO date, or now"},
         {{"convert", kPlain, "--from", "sat", "--to", "grid", "--colour"}, "--colour"},
         {{"factors"}, "Try: zorgeo factors --help"},
+        {{"geoid"}, "Try: zorgeo geoid --help"},
+        {{"datum"}, "Try: zorgeo datum --help"},
+        {{"datum", "apply"}, "NAME is required"},
+        {{"datum", "export", "None"}, "FILE is required"},
+        {{"datum", "import", "None"}, "NAME is required"},
+        {{"db"}, "Try: zorgeo db --help"},
         {{"factors", kPlain}, "--from is required"},
         {{"factors", kPlain, "--from", "sat-xyz"}, "\"sat-xyz\" is no frame; give sat, geo, grid\n"},
         {{"factors", kPlain, "--from", "sat", "--to", "grid"}, "--to"}};

@@ -27,5 +27,12 @@ private:
 
 // The makers: each adds its sub-command with its options to `program`.
 std::unique_ptr<Command> MakeListCommand(CLI::App& program);
+std::unique_ptr<Command> MakeFindCommand(CLI::App& program);
+std::unique_ptr<Command> MakeShowCommand(CLI::App& program);
 std::unique_ptr<Command> MakeConvertCommand(CLI::App& program);
 std::unique_ptr<Command> MakeFactorsCommand(CLI::App& program);
+std::unique_ptr<Command> MakeGeoidCommand(CLI::App& program);
+std::unique_ptr<Command> MakeProjectCommand(CLI::App& program);
+std::unique_ptr<Command> MakeDatumCommand(CLI::App& program);
+std::unique_ptr<Command> MakeDbCommand(CLI::App& program);
+std::unique_ptr<Command> MakeSystemCommand(CLI::App& program);

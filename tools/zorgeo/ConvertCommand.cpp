@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "LineCommand.h"
+#include "SystemLineCommand.h"
 #include "convert/Conversion.h"
 
 namespace {
@@ -15,15 +15,17 @@ constexpr const char* kFooter =
     "Example:\n"
     "  echo '56.0 3.0 45.2' | zorgeo convert 'ED50 - UTM zone 31N' --group 'North Sea' --from sat --to grid";
 
-class ConvertCommand : public LineCommand {
+class ConvertCommand : public SystemLineCommand {
 public:
-    explicit ConvertCommand(CLI::App* app) : LineCommand(app)
+    explicit ConvertCommand(CLI::App* app) : SystemLineCommand(app)
     {
+        AddSystemName(*app);
         AddInputs(*app);
         AddFrame(*app, "--from", m_from, "Frame of the input", true);
         AddFrame(*app, "--to", m_to, "Frame of the output", true);
         AddSystem(*app);
         AddLines(*app, "Decimals of the results; 8 for degrees and 3 for the rest otherwise");
+        AddCheck(*app);
         AddCommon(*app);
         app->footer(kFooter);
     }
@@ -50,7 +52,7 @@ private:
                                             angles ? kDistanceDecimals : m_precision.value_or(kDistanceDecimals));
     }
 
-    void Describe(nlohmann::ordered_json& summary) const override { summary["to"] = m_to; }
+    void DescribeRequest(nlohmann::ordered_json& summary) const override { summary["to"] = m_to; }
 
     ConversionRequest m_conversion;
     std::string m_from;

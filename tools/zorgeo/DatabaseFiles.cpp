@@ -28,7 +28,7 @@ void OpenOrExplain(FileObject& file, const CString& path, const std::string& rem
 
 DatabaseFiles::DatabaseFiles(const CString& dataDirectory, const CString& userDirectory)
 {
-    const std::string restore = "name the directory of the delivered files with --data, or install them again";
+    const std::string restore = kRestoreDelivered;
     OpenOrExplain(m_main, dataDirectory + kMainDatabaseFile, restore);
     OpenOrExplain(m_catalogue, dataDirectory + kCatalogueFile, restore);
     if (!m_catalogue.HasSection(kCatalogueMethods)) {

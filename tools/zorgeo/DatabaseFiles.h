@@ -5,6 +5,10 @@
 #include "base/files/FileObject.h"
 #include "base/text/CString.h"
 
+/// What helps when a delivered file is missing.
+inline constexpr const char* kRestoreDelivered =
+    "name the directory of the delivered files with --data, or install them again";
+
 /// The database's files as text, read apart from the module, to say what is wrong with them.
 /// Only looks: nothing here writes.
 class DatabaseFiles {

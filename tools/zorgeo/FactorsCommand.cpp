@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "LineCommand.h"
+#include "SystemLineCommand.h"
 #include "convert/GridFactors.h"
 
 namespace {
@@ -18,15 +18,17 @@ constexpr const char* kFooter =
     "Example:\n"
     "  echo '56.0 3.5 56.1 3.7' | zorgeo factors 'ED50 - UTM zone 31N' --group 'North Sea' --from sat --line";
 
-class FactorsCommand : public LineCommand {
+class FactorsCommand : public SystemLineCommand {
 public:
-    explicit FactorsCommand(CLI::App* app) : LineCommand(app)
+    explicit FactorsCommand(CLI::App* app) : SystemLineCommand(app)
     {
+        AddSystemName(*app);
         AddInputs(*app);
         AddFrame(*app, "--from", m_from, "Frame of the input", false);
         app->add_flag("--line", m_request.lines, "Two positions a line: line scale factor and grid distance too");
         AddSystem(*app);
         AddLines(*app, "Decimals of convergence and scale factors, otherwise 8; a grid distance has 3");
+        AddCheck(*app);
         AddCommon(*app);
         app->footer(kFooter);
     }
@@ -47,7 +49,7 @@ private:
         return std::make_unique<GridFactors>(system, m_request);
     }
 
-    void Describe(nlohmann::ordered_json& summary) const override { summary["line"] = m_request.lines; }
+    void DescribeRequest(nlohmann::ordered_json& summary) const override { summary["line"] = m_request.lines; }
 
     FactorRequest m_request;
     std::string m_from;

@@ -33,9 +33,7 @@ ExitStatus LineCommand::Run()
     Settle();
     SettleLines();
     SettleEpoch();
-    Session session(m_common);
-    const OpenedSystem system = OpenSystem(session, m_system);
-    const std::unique_ptr<Calculation> calculation = MakeCalculation(system);
+    const std::unique_ptr<Calculation> calculation = PrepareCalculation();
     DemandTime(*calculation);
     const LineConverter lines(*calculation, m_columns.from, m_lines);
     BlockReader reader(m_inputs.empty() ? std::vector<std::string>{"-"} : m_inputs, m_columns);
@@ -44,46 +42,14 @@ ExitStatus LineCommand::Run()
     if (!count.stopped) {
         output.Finish();
     }
-    Summarise(system, count, std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+    Summarise(count, std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
     return count.bad == 0 ? ExitStatus::good : ExitStatus::badLines;
 }
 
 void LineCommand::AddInputs(CLI::App& app)
 {
-    app.add_option("SYSTEM", m_system.system, "Name of the system, or a part of it that no other has")->required();
     app.add_option("INPUT", m_inputs, "Files of lines to read; - is standard input");
     app.add_option("-o,--output", m_output, "File to write; it appears when it is whole")->type_name("FILE");
-}
-
-void LineCommand::AddFrame(CLI::App& app, const char* name, std::string& value, const char* help, bool cartesian)
-{
-    const char* const names = FrameNames(cartesian);
-    app.add_option(name, value, fmt::format("{}: {}", help, names))
-        ->required()
-        ->type_name("FRAME")
-        ->check([names, cartesian](const std::string& text) {
-            const auto frame = FrameOfName(text);
-            const bool good = frame && (cartesian || TraitsOf(*frame).heightOptional);
-            return good ? std::string() : fmt::format("\"{}\" is no frame; give {}", text, names);
-        });
-}
-
-void LineCommand::AddSystem(CLI::App& app)
-{
-    const auto add = [&app](const char* name, std::string& value, const char* type, const char* help) {
-        app.add_option(name, value, help)->type_name(type)->group("System");
-    };
-    add("--group", m_system.group, "GROUP", "Group of the system, or a part of its name");
-    add("--project", m_system.project, "FILE", "Project whose backup of the system is compared and restored");
-    add("--unit", m_system.unit, "UNIT", "Linear unit in place of the system's own");
-    add("--geoid-model", m_system.geoidModel, "MODEL", "Geoid model in place of the system's own; --None-- for none");
-    add("--geoid-file", m_system.geoidFile, "FILE", "File of the geoid model");
-    add("--chart-datum", m_system.chartDatum, "TEXT", "Chart datum, given to the geoid model");
-    add("--post-model", m_system.postModel, "MODEL", "Post correction model in place of the system's own; --None--");
-    add("--post-file", m_system.postFile, "FILE", "File of the post correction model");
-    add("--epoch", m_epoch, "TIME", "Time of the positions: 2024.5, 2024-07-01, or now");
-    app.add_flag("--allow-missing", m_system.allowMissing, "Go on without a model that cannot be used, and say so")
-        ->group("System");
 }
 
 void LineCommand::AddLines(CLI::App& app, const char* precisionHelp)
@@ -99,6 +65,17 @@ void LineCommand::AddLines(CLI::App& app, const char* precisionHelp)
         ->capture_default_str()
         ->check(CLI::IsMember({"mark", "keep", "drop", "stop"}));
     app.add_flag("--append", m_lines.append, "Put the results behind the line instead of in place")->group("Lines");
+}
+
+void LineCommand::AddEpoch(CLI::App& app, const char* group)
+{
+    app.add_option("--epoch", m_epoch, "Time of the positions: 2024.5, 2024-07-01, or now")
+        ->type_name("TIME")
+        ->group(group);
+}
+
+void LineCommand::AddCheck(CLI::App& app)
+{
     app.add_flag("--check", m_checkBack, "Convert back and refuse what misses by more than 1 mm")->group("Lines");
 }
 
@@ -135,18 +112,16 @@ void LineCommand::DemandTime(const Calculation& calculation) const
 {
     if (calculation.NeedsTime() && !m_lines.epoch && m_columns.columns[Slot::time].empty()) {
         throw ToolError(ExitStatus::usage,
-                        "the system's datum transformation moves with time (14 parameters): give --epoch 2024.5, "
+                        "the datum transformation moves with time (14 parameters): give --epoch 2024.5, "
                         "a date or now, or a time column with --columns t=N");
     }
 }
 
-void LineCommand::Summarise(const OpenedSystem& system, const PipelineCount& count, double seconds) const
+void LineCommand::Summarise(const PipelineCount& count, double seconds) const
 {
     const std::uint64_t all = count.good + count.bad;
     if (m_common.json) {
-        nlohmann::ordered_json summary = {{"group", system.name.group.ToUtf8()},
-                                          {"system", system.name.system.ToUtf8()}};
-        summary["from"] = TraitsOf(m_columns.from).name;
+        nlohmann::ordered_json summary = nlohmann::ordered_json::object();
         Describe(summary);
         summary["good"] = count.good;
         summary["bad"] = count.bad;

@@ -1,12 +1,13 @@
 #include "Session.h"
 
-#include <algorithm>
 #include <filesystem>
+#include <unordered_set>
 
 #include <fmt/format.h>
 
 #include "DatabaseText.h"
 #include "ToolError.h"
+#include "UserDirectory.h"
 #include "base/files/SplitPath.h"
 #include "base/registry/CreatorLists.h"
 #include "base/registry/DataSearch.h"
@@ -26,32 +27,11 @@ std::string DefaultDataDirectory()
     return ZORGEO_SOURCE_DATADIR;
 }
 
-CString DataDirectory(const CommonOptions& options)
+CString DataDirectoryOf(const CommonOptions& options)
 {
     const std::string directory = options.dataDirectory.empty() ? DefaultDataDirectory() : options.dataDirectory;
     const CString path = WithSeparator(CString::FromUtf8(directory));
     DataSearch::GetDataSearch().SetDataPath(DataSearch::deliveredDatabase, path);
-    return path;
-}
-
-CString UserDirectory(const CommonOptions& options)
-{
-    DataSearch& search = DataSearch::GetDataSearch();
-    if (!options.userDirectory.empty()) {
-        search.SetDataPath(DataSearch::userDatabase, WithSeparator(CString::FromUtf8(options.userDirectory)));
-    }
-    CString path;
-    if (!search.GetDataPathInfo(DataSearch::userDatabase, path) || path.IsEmpty()) {
-        throw ToolError(ExitStatus::unusable, "there is no directory for the user database; name one with --user");
-    }
-    std::error_code error;
-    std::filesystem::create_directories(host::PathOf(path.ToUtf8()), error);
-    if (error && !std::filesystem::is_directory(host::PathOf(path.ToUtf8()))) {
-        throw ToolError(ExitStatus::unusable,
-                        fmt::format("{}: the directory of the user database cannot be made ({}); name another with "
-                                    "--user",
-                                    path.ToUtf8(), error.message()));
-    }
     return path;
 }
 
@@ -66,28 +46,44 @@ std::unique_ptr<Product> Make(Creator* creator, const char* what)
     return product;
 }
 
-void AddOnce(std::vector<CString>& names, const CString& name)
+std::vector<CString> EachOnce(const CStringArray& all)
 {
-    if (std::find(names.begin(), names.end(), name) == names.end()) {
-        names.push_back(name);
+    std::vector<CString> names;
+    std::unordered_set<CString> seen;
+    for (const CString& name : all) {
+        if (seen.insert(name).second) {
+            names.push_back(name);
+        }
     }
+    return names;
 }
 
 } // namespace
 
 Session::Session(const CommonOptions& options)
+    : m_dataDirectory(DataDirectoryOf(options)), m_userDirectory(UserDirectoryOf(options))
 {
-    const CString data = DataDirectory(options);
-    const CString user = UserDirectory(options);
-    m_files = std::make_unique<DatabaseFiles>(data, user);
+    MakeUserDirectory(m_userDirectory);
+    m_files = std::make_unique<DatabaseFiles>(m_dataDirectory, m_userDirectory);
     m_module = std::make_unique<ModuleLoader>(options.module);
+    OpenDatabase();
+}
+
+void Session::Reopen()
+{
+    m_files = std::make_unique<DatabaseFiles>(m_dataDirectory, m_userDirectory);
+    OpenDatabase();
+}
+
+void Session::OpenDatabase()
+{
     m_database = Make<ZorGeoDatabaseBase>(ZorGeoDatabaseBaseList::GetGeoDatabaseList().Find(kModuleKey), "database");
     if (!m_database->Init()) {
         // Both files were read a moment ago; what is left is the creation of the user file.
         throw ToolError(ExitStatus::unusable,
                         fmt::format("{}{}: the user database cannot be opened or made; name a directory that can be "
                                     "written with --user",
-                                    user.ToUtf8(), kUserDatabaseFile.ToUtf8()));
+                                    m_userDirectory.ToUtf8(), kUserDatabaseFile.ToUtf8()));
     }
 }
 
@@ -106,20 +102,12 @@ std::vector<CString> Session::Groups()
 {
     CStringArray all;
     m_database->GetAllGroupNames(all, GeoDbBoth);
-    std::vector<CString> names;
-    for (const CString& name : all) {
-        AddOnce(names, name);
-    }
-    return names;
+    return EachOnce(all);
 }
 
 std::vector<CString> Session::Systems(const CString& group)
 {
     CStringArray all;
     m_database->GetAllSystemNamesByGroupName(all, group);
-    std::vector<CString> names;
-    for (const CString& name : all) {
-        AddOnce(names, name);
-    }
-    return names;
+    return EachOnce(all);
 }

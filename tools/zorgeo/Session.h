@@ -24,6 +24,13 @@ public:
     /// ToolError (3) saying which of these is at fault and what to do.
     explicit Session(const CommonOptions& options);
 
+    /// Reads the files afresh and takes a new database object: what stands on the disk now. Throws
+    /// as the constructor does.
+    void Reopen();
+
+    /// With their trailing separators.
+    const CString& DataDirectory() const { return m_dataDirectory; }
+    const CString& UserDirectory() const { return m_userDirectory; }
     const DatabaseFiles& Files() const { return *m_files; }
     ZorGeoDatabaseBase& Database() { return *m_database; }
     std::unique_ptr<ZorGeoCoordSysBase> NewCoordSys() const;
@@ -35,6 +42,10 @@ public:
     std::vector<CString> Systems(const CString& group);
 
 private:
+    void OpenDatabase();
+
+    CString m_dataDirectory;
+    CString m_userDirectory;
     std::unique_ptr<DatabaseFiles> m_files;
     std::unique_ptr<ModuleLoader> m_module;
     std::unique_ptr<ZorGeoDatabaseBase> m_database;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "DatabaseFiles.h"
 #include "Session.h"
 
@@ -10,6 +13,20 @@
 ///
 /// Throws ToolError (3) at the first fault with the file, the section, the key and the remedy.
 void CheckSystemRecord(const DatabaseFiles& files, const SystemName& name);
+
+/// What is wrong with one record, with its file, section and key; none for a record that can be used.
+using RecordFault = std::optional<std::string>;
+RecordFault EllipsoidFault(const FileObject& file, const CString& section);
+RecordFault ProjectionFault(const FileObject& file, const CString& section);
+RecordFault DatumFault(const DatabaseFiles& files, const FileObject& file, const CString& section);
+
+/// The file from which Init takes the system: the user file when it has both sections, else the main
+/// file. Null when neither has.
+const FileObject* FileOfSystem(const DatabaseFiles& files, const SystemName& name);
+
+/// The section of a datum: as named, or with the part between " - " and ":" left out, as older
+/// records name it.
+CString DatumSection(const DatabaseFiles& files, const CString& name);
 
 /// Whether group and system have their records in one and the same file, as Init demands.
 bool HasSystemRecord(const DatabaseFiles& files, const SystemName& name);

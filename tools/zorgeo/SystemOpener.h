@@ -6,7 +6,8 @@
 #include "Session.h"
 #include "base/geoid/GeoidModel.h"
 
-/// What the command line asks of a system, as UTF-8; empty means: as the system's record has it.
+/// What the command line asks of a system, as UTF-8; empty means: as the system's record has it. No
+/// system: the project's own, with its choice of corrections and unit where nothing else is asked.
 struct SystemRequest {
     std::string group;
     std::string system;
@@ -27,6 +28,8 @@ class OpenedSystem {
 
 public:
     SystemName name;
+    /// As it was carried out, with what came from the project.
+    SystemRequest request;
     std::unique_ptr<ZorGeoCoordSysBase> coordSys;
     /// A geoid is in force: a position without a geoid height is refused.
     bool hasGeoid = false;
@@ -39,3 +42,7 @@ public:
 /// only unless `allowMissing`, which goes on and says so), 5 when a record's name is taken by
 /// another and a new one would have to be asked for.
 OpenedSystem OpenSystem(Session& session, const SystemRequest& request);
+
+/// The unit that is asked for, by its whole name; "none", which keeps the system's own, when none is.
+/// Throws ToolError: 2 when it is unknown or ambiguous, 3 when its record is broken.
+CString UnitOf(Session& session, const SystemRequest& request);

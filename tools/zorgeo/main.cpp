@@ -15,7 +15,9 @@ namespace {
 using Maker = std::unique_ptr<Command> (*)(CLI::App&);
 
 /// The commands, in the order of the help.
-constexpr Maker kMakers[] = {MakeListCommand, MakeConvertCommand, MakeFactorsCommand};
+constexpr Maker kMakers[] = {MakeListCommand,    MakeFindCommand,  MakeShowCommand,    MakeConvertCommand,
+                             MakeFactorsCommand, MakeGeoidCommand, MakeProjectCommand, MakeSystemCommand,
+                             MakeDatumCommand,   MakeDbCommand};
 
 constexpr const char* kFooter = "Exit status: 0 all good; 1 some lines failed; 2 usage; 3 system, database or model\n"
                                 "unusable; 4 input or output error; 5 a name is needed and nobody can be asked.\n\n"
@@ -36,10 +38,11 @@ ExitStatus Answer(const CLI::App& program, const CLI::ParseError& error)
         return ExitStatus::good;
     }
     const CLI::App* at = &program;
-    for (const CLI::App* sub : program.get_subcommands()) {
-        at = sub;
+    std::string command = "zorgeo";
+    while (!at->get_subcommands().empty()) {
+        at = at->get_subcommands().back();
+        command += " " + at->get_name();
     }
-    const std::string command = at == &program ? "zorgeo" : "zorgeo " + at->get_name();
     Complain(fmt::format("{}\n{}Try: {} --help", error.what(), at == &program ? "" : UsageOf(*at), command));
     return ExitStatus::usage;
 }

@@ -2,16 +2,22 @@
 
 #include <algorithm>
 
+ResultForm PositionForm(Frame frame, int angleDecimals, int distanceDecimals)
+{
+    ResultForm form;
+    const FrameTraits& traits = TraitsOf(frame);
+    for (std::size_t place = 0; place < traits.coordinates.size(); ++place) {
+        const bool angle = traits.angles && place < 2;
+        form.columns.push_back({traits.coordinates[place], angle ? angleDecimals : distanceDecimals});
+    }
+    form.lastIsHeight = true;
+    return form;
+}
+
 Conversion::Conversion(const OpenedSystem& system, const ConversionRequest& request, int angleDecimals,
                        int distanceDecimals)
-    : m_positions(system, request)
+    : m_positions(system, request), m_form(PositionForm(request.to, angleDecimals, distanceDecimals))
 {
-    const FrameTraits& to = TraitsOf(request.to);
-    for (std::size_t place = 0; place < to.coordinates.size(); ++place) {
-        const bool angle = to.angles && place < 2;
-        m_form.columns.push_back({to.coordinates[place], angle ? angleDecimals : distanceDecimals});
-    }
-    m_form.lastIsHeight = true;
 }
 
 const char* Conversion::Calculate(const LineValues& in, LineResults& out, std::string& detail) const

@@ -3,6 +3,9 @@
 #include "convert/Calculation.h"
 #include "convert/PositionConverter.h"
 
+/// How positions of a frame are called and written.
+ResultForm PositionForm(Frame frame, int angleDecimals, int distanceDecimals);
+
 /// The calculation of `convert`: the position in another frame.
 class Conversion : public Calculation {
 public:

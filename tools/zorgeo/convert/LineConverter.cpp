@@ -17,6 +17,19 @@ char SeparatorOf(const Layout& layout)
     return layout.delimiter;
 }
 
+/// Where the column before one that begins at `begin` ends: in front of the separator.
+const char* EndOfColumnBefore(const Layout& layout, const char* from, const char* begin)
+{
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    while (begin != from && isBlank(begin[-1]) && (layout.delimiter == ' ' || begin[-1] != layout.delimiter)) {
+        --begin;
+    }
+    if (begin != from && begin[-1] == layout.delimiter) {
+        --begin;
+    }
+    return begin;
+}
+
 } // namespace
 
 /// A line without its end, and the end: "\n", "\r\n", "\r" or nothing.
@@ -135,24 +148,33 @@ const char* LineConverter::ReadFields(const std::array<Field, Slot::count>& fiel
     return nullptr;
 }
 
+template <typename Write>
+void LineConverter::WriteBehind(const Line& line, const Layout& layout, TextBuffer& out, Write write) const
+{
+    out.Append(line.begin, line.end);
+    for (std::size_t place = 0; place < m_form.Count(layout.hasHeight); ++place) {
+        out.Append(SeparatorOf(layout));
+        write(out, place);
+    }
+    out.Append(line.End());
+}
+
 /// Writes a line with `write(out, place)` for each result, in place of the old coordinates or
 /// behind the line. The results stand in their order: they take the places of the old pairs from
-/// left to right, and a height that of the old one.
+/// left to right, and a height that of the old one. When they are fewer than the coordinates of the
+/// pairs, the rest of these goes; when they are more, the rest stands behind the last pair.
 template <typename Write>
 void LineConverter::WriteLine(const Line& line, const Layout& layout, const std::array<Field, Slot::count>& fields,
                               TextBuffer& out, Write write) const
 {
     if (m_request.append) {
-        out.Append(line.begin, line.end);
-        for (std::size_t place = 0; place < m_form.Count(layout.hasHeight); ++place) {
-            out.Append(SeparatorOf(layout));
-            write(out, place);
-        }
-        out.Append(line.End());
+        WriteBehind(line, layout, out, write);
         return;
     }
     const char* from = line.begin;
     std::size_t ofPairs = 0;
+    const std::size_t inPairs = 2 * static_cast<std::size_t>(layout.positions);
+    const std::size_t forPairs = m_form.columns.size() - (m_form.lastIsHeight ? 1U : 0U);
     for (const int slot : layout.order) {
         const bool height = Slot::CoordinateOf(slot) == Slot::third;
         if (height && !m_form.lastIsHeight) {
@@ -160,6 +182,13 @@ void LineConverter::WriteLine(const Line& line, const Layout& layout, const std:
         }
         const std::size_t place = height ? m_form.columns.size() - 1 : ofPairs++;
         const Field& field = fields[static_cast<std::size_t>(slot)];
+        if (!height && place >= forPairs) {
+            if (field.begin != nullptr) {
+                out.Append(from, EndOfColumnBefore(layout, from, field.begin));
+                from = field.end;
+            }
+            continue;
+        }
         if (field.begin == nullptr) { // a marked line that is too short
             out.Append(from, line.end);
             from = line.end;
@@ -169,6 +198,10 @@ void LineConverter::WriteLine(const Line& line, const Layout& layout, const std:
             from = field.end;
         }
         write(out, place);
+        for (std::size_t more = ofPairs; !height && ofPairs == inPairs && more < forPairs; ++more) {
+            out.Append(SeparatorOf(layout));
+            write(out, more);
+        }
     }
     out.Append(from, line.next);
 }

@@ -52,6 +52,8 @@ private:
     const char* ReadFields(const std::array<Field, Slot::count>& fields, const Layout& layout, LineValues& in,
                            std::string& detail) const;
     template <typename Write>
+    void WriteBehind(const Line& line, const Layout& layout, TextBuffer& out, Write write) const;
+    template <typename Write>
     void WriteLine(const Line& line, const Layout& layout, const std::array<Field, Slot::count>& fields,
                    TextBuffer& out, Write write) const;
     void WriteHeader(const Line& line, const Layout& layout, TextBuffer& out) const;

@@ -241,6 +241,15 @@ Fault ReadAngle(std::string_view text, AngleKind kind, double& degrees) noexcept
     return fault;
 }
 
+Fault AngleFault(double latitude, double longitude) noexcept
+{
+    // Written so that NaN fails.
+    if (!(std::fabs(latitude) <= 90.0)) {
+        return "latitude beyond 90 degrees";
+    }
+    return std::fabs(longitude) <= 360.0 ? nullptr : "longitude beyond 360 degrees";
+}
+
 Fault ReadEpoch(std::string_view text, double& milliseconds) noexcept
 {
     double year = 0.0;

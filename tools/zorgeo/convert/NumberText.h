@@ -16,6 +16,9 @@ Fault ReadNumber(std::string_view text, double& value) noexcept;
 /// range of the whole is not looked at, that of minutes and seconds is.
 Fault ReadAngle(std::string_view text, AngleKind kind, double& degrees) noexcept;
 
+/// Whether a position's angles are in range: 90 degrees of latitude, 360 of longitude. NaN is not.
+Fault AngleFault(double latitude, double longitude) noexcept;
+
 /// Reads a time: a decimal year (2024.5) or an ISO 8601 date or date and time in UTC (2024-07-01,
 /// 2024-07-01T12:00:00Z). The result is milliseconds since 1970, never 0, since that means "now"
 /// to the conversions. A decimal year becomes the very number from which a datum transformation

@@ -43,7 +43,7 @@ void OutputFile::OpenTemporary()
         return;
     }
     m_temporary = temporary;
-    host::RemoveOnInterrupt(m_temporary);
+    host::RemoveOnInterrupt({m_temporary});
     std::error_code ignored;
     if (const auto status = std::filesystem::status(m_final, ignored); std::filesystem::exists(status)) {
         std::filesystem::permissions(m_temporary, status.permissions(), ignored);

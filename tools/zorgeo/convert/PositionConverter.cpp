@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "DatabaseText.h"
+#include "convert/NumberText.h"
 
 namespace {
 
@@ -24,15 +25,6 @@ Frame WithoutCartesian(Frame frame)
 bool IsCartesian(Frame frame)
 {
     return WithoutCartesian(frame) != frame;
-}
-
-const char* AngleFault(double latitude, double longitude)
-{
-    // Written so that NaN fails.
-    if (!(std::fabs(latitude) <= 90.0)) {
-        return "latitude beyond 90 degrees";
-    }
-    return std::fabs(longitude) <= 360.0 ? nullptr : "longitude beyond 360 degrees";
 }
 
 double CosineOfDegrees(double angle)

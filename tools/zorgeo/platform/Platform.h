@@ -38,6 +38,9 @@ int OpenForReading(const std::filesystem::path& file);
 int OpenForWriting(const std::filesystem::path& file);
 /// Creates a file that does not exist yet.
 int CreateNewFile(const std::filesystem::path& file);
+/// Opens a lock file, made when it is missing, and takes its lock, which Close and the end of the
+/// process give back. -1 with errno set on failure, EWOULDBLOCK while another process holds it.
+int OpenLocked(const std::filesystem::path& file);
 /// Reads up to `size` bytes; 0 at the end, -1 with errno set on failure.
 long long Read(int file, char* buffer, std::size_t size);
 int WriteAll(int file, const char* data, std::size_t size) noexcept;
@@ -47,7 +50,8 @@ void Close(int file);
 unsigned long ProcessId();
 std::string ErrorText(int error);
 
-/// Removes this file should the process be ended by the user; an empty path takes that back.
-void RemoveOnInterrupt(const std::filesystem::path& file);
+/// Removes these files, and directories that are empty by then, in this order, should the process
+/// be ended by the user; an empty list takes that back.
+void RemoveOnInterrupt(const std::vector<std::filesystem::path>& files);
 
 } // namespace host

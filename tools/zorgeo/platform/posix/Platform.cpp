@@ -8,6 +8,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,12 +18,15 @@ namespace {
 
 bool stdoutWasOpen = true;
 // Read by the signal handler: fixed storage, complete before the handler can see it.
-std::array<char, 4096> fileToRemove{};
+// The names behind each other, each with its zero; an empty one ends them.
+std::array<char, 16384> filesToRemove{};
 
 void RemoveAndDie(int signal)
 {
-    if (fileToRemove[0] != '\0') {
-        ::unlink(fileToRemove.data());
+    for (const char* name = filesToRemove.data(); *name != '\0'; name += std::strlen(name) + 1) {
+        if (::unlink(name) != 0) {
+            ::rmdir(name);
+        }
     }
     std::signal(signal, SIG_DFL);
     ::raise(signal);
@@ -107,6 +111,18 @@ int CreateNewFile(const std::filesystem::path& file)
     return ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
 }
 
+int OpenLocked(const std::filesystem::path& file)
+{
+    const int lock = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    // A file system without locks answers with another error, and has nobody who could hold one.
+    if (lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        ::close(lock);
+        errno = EWOULDBLOCK;
+        return -1;
+    }
+    return lock;
+}
+
 long long Read(int file, char* buffer, std::size_t size)
 {
     ssize_t count = -1;
@@ -154,18 +170,25 @@ std::string ErrorText(int error)
     return std::generic_category().message(error);
 }
 
-void RemoveOnInterrupt(const std::filesystem::path& file)
+void RemoveOnInterrupt(const std::vector<std::filesystem::path>& files)
 {
-    const std::string& name = file.native();
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         std::signal(signal, SIG_DFL);
     }
-    if (name.empty() || name.size() >= fileToRemove.size()) {
-        return;
+    filesToRemove.fill('\0');
+    std::size_t end = 0;
+    for (const std::filesystem::path& file : files) {
+        const std::string& name = file.native();
+        if (end + name.size() + 2 > filesToRemove.size()) {
+            break;
+        }
+        std::memcpy(filesToRemove.data() + end, name.c_str(), name.size() + 1);
+        end += name.size() + 1;
     }
-    std::memcpy(fileToRemove.data(), name.c_str(), name.size() + 1);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        std::signal(signal, RemoveAndDie);
+    if (end > 0) {
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+            std::signal(signal, RemoveAndDie);
+        }
     }
 }
 

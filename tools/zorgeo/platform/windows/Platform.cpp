@@ -104,6 +104,23 @@ int CreateNewFile(const std::filesystem::path& file)
     return _wopen(file.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
 }
 
+int OpenLocked(const std::filesystem::path& file)
+{
+    const int lock = _wopen(file.c_str(), _O_RDWR | _O_CREAT | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+    if (lock < 0) {
+        return -1;
+    }
+    OVERLAPPED start{};
+    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(lock));
+    if (LockFileEx(handle, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &start) == 0 &&
+        GetLastError() == ERROR_LOCK_VIOLATION) {
+        _close(lock);
+        errno = EWOULDBLOCK;
+        return -1;
+    }
+    return lock;
+}
+
 long long Read(int file, char* buffer, std::size_t size)
 {
     return _read(file, buffer, static_cast<unsigned>(size));
@@ -147,6 +164,6 @@ std::string ErrorText(int error)
 
 // An interrupt ends the process at once here; the temporary file is named so that it is known for
 // what it is.
-void RemoveOnInterrupt(const std::filesystem::path&) {}
+void RemoveOnInterrupt(const std::vector<std::filesystem::path>&) {}
 
 } // namespace host
