@@ -86,6 +86,50 @@ TEST_F(ProjectOpen, ASystemTravelsToAMachineThatLacksIt)
     EXPECT_EQ(FilesB(), opened);
 }
 
+// Opening compares an ellipsoid by its name alone: the other machine's numbers would count in silence.
+TEST_F(ProjectOpen, RecordsThatWouldMovePositionsAreRefused)
+{
+    ASSERT_EQ(New(kMoved).status, 0);
+    SetB("Elp-International 1924", L"SemiMajor", 6378389.0);
+    const auto before = FilesB();
+    const std::string fault =
+        "ellipsoid \"International 1924\", SemiMajor: 6378388 in the project, 6378389 in the main "
+        "database";
+    const ToolRun run = OpenB("fail");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_THAT(run.err, HasSubstr(fault));
+    EXPECT_EQ(FilesB(), before);
+    const ToolRun convert = ConvertBy(true, "56.0 3.5 45.0\n");
+    EXPECT_EQ(convert.status, 3);
+    EXPECT_EQ(convert.out, "");
+    EXPECT_THAT(convert.err, HasSubstr(fault));
+}
+
+// A restored polar grid has the number 0 for its hemisphere and would lie in the south.
+TEST_F(ProjectOpen, APolarGridThatLosesItsHemisphereIsRefused)
+{
+    for (const char* data : {"data/", "dataB/"}) {
+        std::filesystem::copy_file(ZORGEO_DATA_DIR "ZorProjectionStatic.dat", Path(data) + "ZorProjectionStatic.dat",
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+    {
+        EditedFile edited(MainDatabase());
+        const CString section = L"Prj-UTM 31";
+        edited.file.SetItem(section, projectionParamKeys[ProjectionKey::type], 15, true);
+        edited.file.SetItem(section, L"Projection method", L"Universal Polar Stereographic", true);
+        edited.file.SetItem(section, projectionParamKeys[ProjectionKey::falseNorthing], 2000000.0, true);
+        edited.file.SetItem(section, projectionParamKeys[ProjectionKey::hemisphere], L"Northern", true);
+    }
+    ASSERT_EQ(New(kMoved).status, 0);
+    DeleteSystemB(kMoved);
+    DeleteB("Prj-UTM 31");
+    const auto before = FilesB();
+    const ToolRun run = OpenB("fail");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_THAT(run.err, HasSubstr("Hemisphere: Northern in the project, 0 in the user database"));
+    EXPECT_EQ(FilesB(), before);
+}
+
 struct ConflictRow {
     const char* system;
     const char* section; ///< the second machine's record that is another

@@ -11,6 +11,7 @@
 #include "ToolError.h"
 #include "UserDatabaseLock.h"
 #include "base/keys/KeyTables.h"
+#include "project/CarriedOver.h"
 #include "project/ProjectFile.h"
 
 namespace {
@@ -139,6 +140,9 @@ bool InitialiseByProject(Session& session, OpenedSystem& opened, FileObject& pro
     if (!good && opened.coordSys->IsInit() && !HasBackup(project)) {
         Remark(fmt::format("{}: the project holds no backup of a system to compare with", opened.request.project));
         good = true;
+    }
+    if (good) {
+        CheckCarriedOver(session, project);
     }
     return good;
 }

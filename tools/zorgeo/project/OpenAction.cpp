@@ -2,6 +2,7 @@
 
 #include "CommonOptions.h"
 #include "base/keys/KeyTables.h"
+#include "project/CarriedOver.h"
 #include "project/ProjectActions.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectReport.h"
@@ -71,6 +72,7 @@ public:
             const FileObject before = session.Files().User();
             const SystemName name = Reconcile(session, project, desk);
             session.Reopen();
+            CheckCarriedOver(session, OpenProject(bench.Project()));
             Tell({m_file, name, desk.Renamed(), NewRecords(before, session.Files().User()), bench.Publish()},
                  m_common.json);
             return ExitStatus::good;
