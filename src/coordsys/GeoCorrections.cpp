@@ -155,8 +155,8 @@ double GeoCorrections::PlaneHeight(double x, double y) const
 }
 
 // Kept: the model corrects first in both directions, at the position that comes in, and the
-// adjust follows. Projects were set up with it, so the way back is not the exact mirror of the
-// way out where the model's correction differs from place to place.
+// adjust follows: the way back is not the exact mirror of the way out where the model's correction
+// differs from place to place.
 void GeoCorrections::PostXYZ(double x, double y, double z, double& outX, double& outY, double& outZ, bool inverse) const
 {
     double dx = 0.0;
@@ -203,8 +203,8 @@ void GeoCorrections::DumpGeoidXml(std::wostream& stream, const std::wstring& ind
     if (geoidType != GeoidType::manual) {
         return;
     }
-    // Kept: the definition of the element of a fixed separation, in the spelling that readers know
-    // and with the blanks before its end. A fixed separation has no model type, so none is written.
+    // Kept: the definition of the element of a fixed separation, in its spelling and with the blanks
+    // before its end. A fixed separation has no model type, so none is written.
     const XmlLines outer(stream, indent);
     const XmlLines xml = outer.Inner();
     outer.Tag(L"<geoidmodel>");
